@@ -1,0 +1,22 @@
+# A room is a folder whose headers are included as "room/Header.h". Its include root holds nothing but a link to that
+# folder, so that code sees exactly the rooms its target links, and an include that points up does not compile.
+#
+#   add_room(target room [SOURCES file ...] [ROOMS target ...])
+function(add_room target room)
+    cmake_parse_arguments(ARG "" "" "SOURCES;ROOMS" ${ARGN})
+    set(root ${PROJECT_BINARY_DIR}/rooms/${target})
+    file(MAKE_DIRECTORY ${root})
+    get_filename_component(folder ${CMAKE_CURRENT_SOURCE_DIR} ABSOLUTE)
+    file(CREATE_LINK ${folder} ${root}/${room} SYMBOLIC)
+    if(ARG_SOURCES)
+        add_library(${target} OBJECT ${ARG_SOURCES})
+        set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+        target_link_libraries(${target} PRIVATE project_options)
+        set(scope PUBLIC)
+    else()
+        add_library(${target} INTERFACE)
+        set(scope INTERFACE)
+    endif()
+    target_include_directories(${target} ${scope} ${root})
+    target_link_libraries(${target} ${scope} ${ARG_ROOMS})
+endfunction()

@@ -1,0 +1,254 @@
+#pragma once
+
+#include "platform/uxctrls.h"
+
+#include <vector>
+
+namespace Pixtane
+{
+
+/// A child window that shows a bitmap of the host, zoomed and scrolled.
+///
+/// The host keeps the pixels: the view holds a pointer to them until ClearBitmap or the next SetBitmap, and never
+/// writes there. Three coordinate spaces occur: bitmap pixels (y from the top row as displayed), zoomed coordinates
+/// (bitmap times zoom) and window coordinates (client pixels of the view: zoomed minus the display position).
+/// Everything belongs to the thread that created the window. Operations return nonzero on success and leave everything
+/// as it was on failure unless said otherwise.
+///
+/// Order of use: construct, Create, show the window, SetBitmap, any operations, destroy the window, destruct.
+class AFX_EXT_CLASS CPixtane : public CUXWnd
+{
+    DECLARE_DYNAMIC(CPixtane)
+
+public:
+    class IEmbeddedTool;
+
+    static constexpr UINT TIMER_DRAWSELECTBOX = 100;          ///< Id of the timer that animates the selection border.
+    static constexpr UINT TIMER_DRAWSELECTBOX_INTERVAL = 250; ///< Its period in milliseconds.
+    static constexpr UINT MAXREPEAT_DRAWSELECTBOX = 4;        ///< Number of phases of the animation.
+
+    /// With bNoSelectMask nonzero the view keeps no per-pixel selection masks. Throws a wide text (const wchar_t*) when
+    /// the border patterns cannot be made from the module's resources.
+    explicit CPixtane(int bNoSelectMask = 0);
+    ~CPixtane() override;
+
+    /// Creates the child window, hidden, with its two scroll bars, hidden, and the border timer. crBackground is shown
+    /// around the image. FALSE when the window cannot be created; throws a CResourceException* when a bar cannot.
+    int Create(const RECT& rect, CWnd* pParentWnd, UINT nID, DWORD crBackground);
+
+    // ---- the bitmap
+
+    /// Attaches a bottom-up bitmap without colour table: info is copied, pData stays the host's, rows padded to 4 bytes
+    /// and as many as the header's height says. Lays the view out at the zoom it had, repaints, and drops any
+    /// selection. FALSE, with nothing changed, without a window or pixels, for sizes below 1, a biSizeImage that is no
+    /// multiple of 4, or a bitmap whose pixel count, row length or byte count does not fit 31 bits. 16 (five bits a
+    /// channel), 24 and 32 bits a pixel are drawn; others show the background. When memory is short it returns FALSE
+    /// and the view is empty.
+    int SetBitmap(BITMAPINFO& info, BYTE* const pData);
+
+    /// Tells that pixels or buffer changed. With an unchanged header the view only repaints: afresh for another buffer
+    /// or when bContentChanged is nonzero, otherwise from its cached rendering. With another header it is SetBitmap.
+    int UpdateBitmap(BITMAPINFO& info, BYTE* const pData, int bContentChanged);
+
+    /// Copies the header into info and returns the host's pixels; NULL and a zeroed header when the view is empty.
+    BYTE* GetBitmap(BITMAPINFO& info) const;
+
+    /// Drops the bitmap and all that came from it; zoom, cover image, background and redraw lock stay.
+    void ClearBitmap(int bRedraw);
+
+    int iBmpWidth() const { return m_iBmpWidth; }
+    int iBmpHeight() const { return m_iBmpHeight; }
+    BITMAPINFO BmpInfo() { return m_BmpInfo; }
+    BYTE* pBmpData() { return m_pBmpData; }
+
+    /// The bitmap's rectangle in bitmap coordinates; without a handle when the view is empty.
+    CRgn& rgnBitmap() { return m_rgnBitmap; }
+
+    // ---- appearance
+
+    /// Sets the colour around the image, repaints, and returns the colour before.
+    DWORD SetBackgroundColor(DWORD cr);
+
+    /// Suspends painting until UnlockRedraw, which repaints. Calls do not count: one unlock ends any number of locks.
+    void LockRedraw() { m_bRedrawLocked = TRUE; }
+    void UnlockRedraw();
+
+    /// Allows or forbids the scroll bars.
+    void ShowScrollBar(int bShow);
+
+    HCURSOR GetDefCursor() const { return m_hDefCursor; }
+    IEmbeddedTool* pEmbeddedTool() const { return m_pEmbeddedTool; }
+
+    // ---- zoom and position
+
+    /// Sets the zoom in display pixels per bitmap pixel, about the centre of the view area, and lays out and repaints.
+    /// The smaller side of the zoomed image is kept at one display pixel at least; there is no upper limit. FALSE
+    /// without a bitmap and for what is not a number.
+    int SetZoom(double dbZoom);
+    double dbZoom() const { return m_dbZoom; }
+    double GetZoom() const { return m_dbZoom; }
+    double dbLastZoom() const { return m_dbLastZoom; } ///< The zoom before the last SetZoom.
+
+    /// Bitmap size times zoom.
+    Gdiplus::SizeF ZoomedSize() const { return m_szZoomed; }
+
+    /// Scrolls so that the zoomed coordinate (x, y) is at the client origin, limited to the image or centred where the
+    /// image is smaller. FALSE without a bitmap, and, after a repaint, when the view is there already.
+    int SetDispPosition(int x, int y);
+
+    /// Scrolls by a distance in display pixels.
+    void MoveImage(long dx, long dy);
+
+    /// The zoomed coordinate at the client origin; negative where a small image is centred.
+    Gdiplus::Point ptDispPos() const { return m_ptDispPos; }
+    CRect rcDrawDest() const { return m_rcDrawDest; }        ///< Window rectangle the bitmap was last drawn into.
+    Gdiplus::RectF rcDrawSrc() const { return m_rcDrawSrc; } ///< Bitmap rectangle last drawn.
+
+    /// The view area: the client rectangle without the scroll bars shown.
+    virtual void GetClientRect(LPRECT lpRect);
+
+    /// The window point of a bitmap pixel's centre. Without a bitmap nothing happens, as in all conversions.
+    void FromBitmapToWnd(POINT& pt);
+
+    /// The bitmap pixel under a window point; may lie outside the bitmap.
+    void FromWndToBitmap(POINT& pt);
+
+    /// The exact bitmap position of a window point.
+    void FromWndToBitmap(Gdiplus::PointF& pt);
+
+    /// The last mouse point that no tool took, in window coordinates, or in bitmap pixels with bToBitmap nonzero.
+    CPoint GetCursorPos(int bToBitmap);
+
+    // ---- cover image and read-back
+
+    /// Freezes the displayed picture: it is shown, unmoving, instead of the bitmap until ExitPreviewMode. FALSE without
+    /// a bitmap or while a cover is shown.
+    int EnterPreviewMode();
+    void ExitPreviewMode();
+
+    /// Shows the cover image in the bitmap's place: at rcCoverBmp in window coordinates, or, with bImageCoords nonzero,
+    /// as an image of the bitmap's size that follows zoom and position. A cover without enough pixels shows the
+    /// background.
+    void ShowCoverImage(int bShow, int bImageCoords);
+
+    std::vector<BYTE>& vCoverBmpData() { return m_vCoverBmpData; }
+    BITMAPINFO& CoverBmpInfo() { return m_CoverBmpInfo; }
+    CRect& rcCoverBmp() { return m_rcCoverBmp; }
+
+    /// The displayed image area without margins and marks, as a bottom-up 32-bit bitmap, and its window rectangle.
+    /// FALSE without a bitmap or when no pixel of it is displayed; vData may have changed its size then.
+    int GetCurDisplayImage(RECT* pRect, std::vector<BYTE>& vData, BITMAPINFO& info);
+
+    /// The colour on screen at a window point, or at the centre of a bitmap pixel, with everything drawn over the
+    /// image; the background colour outside the view area, outside the bitmap, and without one.
+    DWORD GetPixelRGBValue(const POINT& pt, int bWindowCoords);
+
+    // ---- the selection's fields
+
+    CRgn& rgnSelect() { return m_rgnSelect; }
+    CRgn& rgnSelectScaled() { return m_rgnSelectScaled; }
+    int& iSelectMaskSize() { return m_iSelectMaskSize; }
+    std::vector<BYTE>& vSelectMask() { return m_vSelectMask; }
+    std::vector<BYTE>& vSelectMask_Cur() { return m_vSelectMask_Cur; }
+
+protected:
+    virtual void OnPaint();
+    virtual void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+    virtual void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+    BOOL OnEraseBkgnd(CDC* pDC);
+    void OnSize(UINT nType, int cx, int cy);
+    DECLARE_MESSAGE_MAP()
+
+    /// Registers the window class and keeps its name.
+    void RegisterWndClass();
+
+    /// Decides the scroll bars, limits the display position, and sets the bars' scroll information.
+    void UpdateUI();
+
+    /// Lays the view out: bars, limits, centring; then repaints at once. Nothing while the main window is minimised.
+    void UpdateDisplay();
+
+    /// Draws the bitmap, from the cached rendering where it still holds, or the cover image, into dc for the view area.
+    int DrawBitmap(CDC& dc, CRect& rcView);
+    void ReleaseCachedBitmap();
+
+private:
+    struct DrawRects
+    {
+        CRect rcDest;              ///< Whole pixels, for DrawDib.
+        Gdiplus::RectF rcDestReal; ///< What they were rounded from, for GDI+.
+        Gdiplus::RectF rcSrc;      ///< Bitmap coordinates.
+    };
+
+    void LoadPatterns();
+    void ResetBitmapFields();
+    bool IsAcceptable(const BITMAPINFO& info, const BYTE* pData) const;
+    void ForgetSelectMasks();
+
+    void HideScrollBars();
+    void DecideScrollBars();
+    bool DecideBar(CScrollBar& sb, BOOL& bShown, int iView, float fZoomed);
+    void PlaceScrollBars();
+    void ZoomAboutCentre(int cx, int cy);
+    void LimitDispPos(int cx, int cy);
+    void UpdateScrollInfo(CScrollBar& sb, float fZoomed, int iView, int iPos);
+    bool ScrollTarget(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar, int& iTarget);
+
+    DrawRects ComputeDrawRects(const CRect& rcView) const;
+    void FillCorner(CDC& dc, const CRect& rcView);
+    void PaintBackBuffer(CDC& dc, const CRect& rcWindow, CRect& rcView);
+    BOOL DrawLiveBitmap(CDC& dc, const CRect& rcView, const DrawRects& rects);
+    BOOL DrawCover(CDC& dc, const DrawRects& rects);
+    void RebuildCache(CDC& dc, const CRect& rcView);
+    void KeepSnapshot(CUXMemDC& dc);
+
+protected:
+    // The order of the fields is part of the class's interface.
+    CString m_strWndClass;
+    HDRAWDIB m_hDrawDib = nullptr;
+    int m_iBmpWidth = 0;
+    int m_iBmpHeight = 0;
+    BYTE* m_pBmpData = nullptr; ///< The host's pixels; NULL means that no bitmap is attached.
+    BITMAPINFO m_BmpInfo = {};
+    Gdiplus::Bitmap* m_pGdipBitmap = nullptr;
+    CUXMemDC* m_pCachedDC = nullptr;
+    BOOL m_bCacheDirty = TRUE;
+    std::vector<BYTE> m_vCoverBmpData;
+    BITMAPINFO m_CoverBmpInfo = {};
+    CRect m_rcCoverBmp;
+    BOOL m_bShowCover = FALSE;
+    BOOL m_bCoverImageCoords = FALSE;
+    BOOL m_bRedrawLocked = FALSE;
+    double m_dbZoom = 1.0;
+    double m_dbLastZoom = 1.0;
+    BOOL m_bZooming = FALSE;
+    Gdiplus::SizeF m_szZoomed;
+    Gdiplus::Point m_ptDispPos;
+    CRect m_rcDrawDest;
+    Gdiplus::RectF m_rcDrawSrc;
+    CRgn m_rgnBitmap;
+    CPoint m_ptMouse;
+    BOOL m_bShowScrollBar = TRUE;
+    BOOL m_bShowSelection = TRUE;
+    CRgn m_rgnSelect;
+    CRgn m_rgnSelectScaled;
+    int m_bNoSelectMask;
+    int m_iSelectMaskSize = 0;
+    std::vector<BYTE> m_vSelectMask;
+    std::vector<BYTE> m_vSelectMask_Cur;
+    UINT m_uBorderPhase = 0;
+    CBitmap m_bmpPattern[4];
+    CBrush m_brPattern[4];
+    CDC m_dcSelectBorderMask;
+    HBITMAP m_hSelectBorderBmp = nullptr;
+    COLORREF m_crBackground = 0;
+    CScrollBar m_sbHorz;
+    CScrollBar m_sbVert;
+    BOOL m_bHScrollShown = FALSE;
+    BOOL m_bVScrollShown = FALSE;
+    IEmbeddedTool* m_pEmbeddedTool = nullptr;
+    HCURSOR m_hDefCursor = nullptr;
+    BOOL m_bDblClk = FALSE;
+};
+
+} // namespace Pixtane

@@ -1,0 +1,87 @@
+#include "view/Pixtane.h"
+
+#include <new>
+
+namespace Pixtane
+{
+
+namespace
+{
+
+/// The rows of a memory device context's bitmap and its description; FALSE when they cannot be had in full.
+BOOL ReadBits(const CBitmap& bmp, std::vector<BYTE>& vData, BITMAP& bm)
+{
+    if (!bmp.GetBitmap(&bm))
+        return FALSE;
+    const DWORD nBytes = bmp.GetBitmapBits(0x7FFFFFFF, nullptr);
+    if (!nBytes)
+        return FALSE;
+    try
+    {
+        vData.resize(nBytes);
+    }
+    catch (const std::bad_alloc&)
+    {
+        return FALSE;
+    }
+    return bmp.GetBitmapBits(nBytes, vData.data()) == nBytes;
+}
+
+} // namespace
+
+int CPixtane::GetCurDisplayImage(RECT* pRect, std::vector<BYTE>& vData, BITMAPINFO& info)
+{
+    if (!pRect || !m_pBmpData || !m_hWnd)
+        return FALSE;
+    CRect rcView;
+    GetClientRect(&rcView);
+    CClientDC dcWindow(this);
+    CUXMemDC dcView(dcWindow, rcView.Width(), rcView.Height());
+    m_bCacheDirty = TRUE;
+    const BOOL bDrawn = DrawBitmap(dcView, rcView);
+    CRect rcShown;
+    rcShown.IntersectRect(m_rcDrawDest, rcView);
+    if (!(rcShown == rcView))
+        m_bCacheDirty = TRUE; // It was made without background, and must never come to the screen.
+    if (!bDrawn || rcShown.IsRectEmpty())
+        return FALSE;
+
+    CUXMemDC dcShown(dcWindow, rcShown.Width(), rcShown.Height());
+    if (!dcShown.StretchBlt(0, 0, rcShown.Width(), rcShown.Height(), &dcView, m_rcDrawDest.left,
+                            m_rcDrawDest.bottom - 1, rcShown.Width(), -rcShown.Height(), SRCCOPY))
+        return FALSE;
+    BITMAP bm = {};
+    if (!ReadBits(dcShown.GetBitmap(), vData, bm))
+        return FALSE;
+    info = m_BmpInfo;
+    info.bmiHeader.biBitCount = bm.bmBitsPixel;
+    info.bmiHeader.biWidth = bm.bmWidth;
+    info.bmiHeader.biHeight = bm.bmHeight;
+    info.bmiHeader.biSizeImage = static_cast<DWORD>(vData.size());
+    *pRect = rcShown;
+    return TRUE;
+}
+
+DWORD CPixtane::GetPixelRGBValue(const POINT& pt, int bWindowCoords)
+{
+    if (!m_pBmpData || !m_hWnd)
+        return m_crBackground;
+    CPoint ptWindow = pt;
+    if (bWindowCoords)
+    {
+        CRect rcView;
+        GetClientRect(&rcView);
+        if (!rcView.PtInRect(pt))
+            return m_crBackground;
+    }
+    else
+    {
+        if (pt.x < 0 || pt.x >= m_iBmpWidth || pt.y < 0 || pt.y >= m_iBmpHeight)
+            return m_crBackground;
+        FromBitmapToWnd(ptWindow);
+    }
+    CClientDC dc(this);
+    return dc.GetPixel(ptWindow.x, ptWindow.y);
+}
+
+} // namespace Pixtane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <limits>
+
+// The three ways in which the view turns a zoomed coordinate into a pixel. All are single precision and truncate; the
+// 0.9999 lets a value that misses a whole number by rounding noise count as that number (docs/compatibility.md).
+
+namespace Pixtane
+{
+
+constexpr float ALMOST_ONE = 0.9999f;
+
+/// Toward zero; values that no int can hold give the nearest int, and what is no number gives 0.
+inline int Truncate(float fValue)
+{
+    // The largest int is no float; the first float beyond it is 2^31.
+    constexpr float BEYOND_INT = 2147483648.0f;
+    if (fValue != fValue)
+        return 0;
+    if (fValue >= BEYOND_INT)
+        return std::numeric_limits<int>::max();
+    if (fValue < -BEYOND_INT)
+        return std::numeric_limits<int>::min();
+    return static_cast<int>(fValue);
+}
+
+/// Like a floor: negative values lose 0.9999 before truncation.
+inline int FloorLike(float fValue) { return Truncate(fValue < 0 ? fValue - ALMOST_ONE : fValue); }
+
+/// Like a ceiling: positive values gain 0.9999 before truncation.
+inline int CeilingLike(float fValue) { return Truncate(fValue > 0 ? fValue + ALMOST_ONE : fValue); }
+
+/// To the nearest whole number, halves away from zero.
+inline int RoundHalfAway(float fValue) { return Truncate(fValue < 0 ? fValue - 0.5f : fValue + 0.5f); }
+
+/// The sum, limited to what an int can hold.
+inline int SaturatedSum(long long llA, long long llB)
+{
+    constexpr long long MIN = std::numeric_limits<int>::min();
+    constexpr long long MAX = std::numeric_limits<int>::max();
+    const long long llSum = (llA < MIN ? MIN : llA > MAX ? MAX : llA) + (llB < MIN ? MIN : llB > MAX ? MAX : llB);
+    return static_cast<int>(llSum < MIN ? MIN : llSum > MAX ? MAX : llSum);
+}
+
+} // namespace Pixtane

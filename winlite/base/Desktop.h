@@ -1,0 +1,64 @@
+#pragma once
+
+#include "base/Types.h"
+
+#include <span>
+
+namespace winlite
+{
+
+/// A finished picture of a top-level window's client area: 32-bit pixels 0xAARRGGBB (AA without meaning), top row
+/// first, nStride pixels from row to row.
+struct SurfaceView
+{
+    const std::uint32_t* pPixels;
+    int cx;
+    int cy;
+    std::ptrdiff_t nStride;
+};
+
+/// What a backend gives winlite: a screen to present on, a clock and a way to wake the program. Positions are device
+/// pixels of the screen. Every call comes on the user-interface thread and without winlite's lock held, except those
+/// marked "any thread".
+class Desktop
+{
+public:
+    virtual ~Desktop() = default;
+
+    // ---- must provide
+
+    /// Milliseconds since some start, never running backwards: timers, tick counts and double clicks live by it. Any
+    /// thread.
+    virtual std::uint64_t TickCount() = 0;
+
+    /// Scale of the screen: 1 for 96 dpi. Read once when the program starts.
+    virtual double Scale() = 0;
+
+    /// Size of the screen in device pixels.
+    virtual SIZE ScreenSize() = 0;
+
+    /// Shows the damaged rectangles (client coordinates of the top-level window) of a window's picture. The view is
+    /// valid only during the call.
+    virtual void Present(HWND hWnd, const SurfaceView& picture, std::span<const RECT> vDamage) = 0;
+
+    // ---- may provide
+
+    /// A top-level window was created, shown or hidden, moved or resized, minimised or restored, renamed, or destroyed.
+    virtual void WindowChanged(HWND) {}
+
+    /// Something was put into the message queue, or a timer set: the program should fetch messages soon. Any thread.
+    virtual void Wake() {}
+
+    /// Waits until something may have happened, at most iTimeoutMs of the desktop's clock; -1 means without limit.
+    /// FALSE when nothing can happen any more, which ends a message loop that would wait for ever.
+    virtual bool WaitForInput(int iTimeoutMs) = 0;
+};
+
+/// Makes the desktop the program's screen; it stays the caller's and outlives every window. NULL takes it away.
+void SetDesktop(Desktop* pDesktop);
+
+/// The program's desktop. Asserts that there is one.
+Desktop& TheDesktop();
+bool HasDesktop();
+
+} // namespace winlite

@@ -1,0 +1,172 @@
+#include "gdi/PixelRows.h"
+
+#include "gdi/RectMath.h"
+
+#include <bit>
+#include <cstring>
+
+namespace winlite
+{
+
+static_assert(std::endian::native == std::endian::little, "Pixels are loaded as whole words.");
+
+namespace
+{
+
+constexpr std::uint32_t COLOUR_MASK = 0xFFFFFF;
+
+template<class T>
+T Load(const BYTE* pBytes)
+{
+    T value;
+    std::memcpy(&value, pBytes, sizeof value);
+    return value;
+}
+
+template<int BITS>
+std::uint32_t PixelAt(const BYTE* pRow, std::ptrdiff_t x);
+
+template<>
+std::uint32_t PixelAt<32>(const BYTE* pRow, std::ptrdiff_t x)
+{
+    return Load<std::uint32_t>(pRow + 4 * x);
+}
+
+template<>
+std::uint32_t PixelAt<24>(const BYTE* pRow, std::ptrdiff_t x)
+{
+    const BYTE* pPixel = pRow + 3 * x;
+    return Load<WORD>(pPixel) | std::uint32_t{pPixel[2]} << 16;
+}
+
+template<>
+std::uint32_t PixelAt<16>(const BYTE* pRow, std::ptrdiff_t x)
+{
+    // Five bits become eight by repeating their upper three below them.
+    const std::uint32_t u = Load<WORD>(pRow + 2 * x);
+    const std::uint32_t uHigh = (u & 0x7C00) << 9 | (u & 0x03E0) << 6 | (u & 0x001F) << 3;
+    return uHigh | (uHigh >> 5 & 0x070707);
+}
+
+template<int BITS>
+void CopyRun(std::uint32_t* pDest, const BYTE* pRow, std::ptrdiff_t xFirst, std::ptrdiff_t nPixels)
+{
+    for (std::ptrdiff_t i = 0; i < nPixels; ++i)
+        pDest[i] = PixelAt<BITS>(pRow, xFirst + i);
+}
+
+template<>
+void CopyRun<32>(std::uint32_t* pDest, const BYTE* pRow, std::ptrdiff_t xFirst, std::ptrdiff_t nPixels)
+{
+    std::memcpy(pDest, pRow + 4 * xFirst, static_cast<std::size_t>(4 * nPixels));
+}
+
+template<>
+void CopyRun<24>(std::uint32_t* pDest, const BYTE* pRow, std::ptrdiff_t xFirst, std::ptrdiff_t nPixels)
+{
+    // Four pixels are three whole words.
+    const BYTE* pSource = pRow + 3 * xFirst;
+    std::ptrdiff_t i = 0;
+    for (; i + 4 <= nPixels; i += 4, pSource += 12)
+    {
+        const auto uFirst = Load<std::uint32_t>(pSource);
+        const auto uMiddle = Load<std::uint32_t>(pSource + 4);
+        const auto uLast = Load<std::uint32_t>(pSource + 8);
+        pDest[i] = uFirst & COLOUR_MASK;
+        pDest[i + 1] = (uFirst >> 24 | uMiddle << 8) & COLOUR_MASK;
+        pDest[i + 2] = (uMiddle >> 16 | uLast << 16) & COLOUR_MASK;
+        pDest[i + 3] = uLast >> 8;
+    }
+    for (; i < nPixels; ++i)
+        pDest[i] = PixelAt<24>(pRow, xFirst + i);
+}
+
+bool IsSteady(std::span<const int> vSource, int iStep)
+{
+    // Both ends tell it apart almost always, so that the walk is rarely in vain.
+    const auto nSteps = static_cast<std::ptrdiff_t>(vSource.size()) - 1;
+    if (vSource.back() - vSource.front() != nSteps * iStep)
+        return false;
+    for (std::size_t i = 1; i < vSource.size(); ++i)
+    {
+        if (vSource[i] != vSource[i - 1] + iStep)
+            return false;
+    }
+    return true;
+}
+
+template<int BITS>
+void ConvertRow(std::uint32_t* pDest, const BYTE* pRow, std::span<const int> vSource, Order order)
+{
+    const auto nPixels = static_cast<std::ptrdiff_t>(vSource.size());
+    const std::ptrdiff_t xFirst = vSource.front();
+    if (order == Order::Ascending)
+    {
+        CopyRun<BITS>(pDest, pRow, xFirst, nPixels);
+        return;
+    }
+    if (order == Order::Descending)
+    {
+        for (std::ptrdiff_t i = 0; i < nPixels; ++i)
+            pDest[i] = PixelAt<BITS>(pRow, xFirst - i);
+        return;
+    }
+    for (std::ptrdiff_t i = 0; i < nPixels; ++i)
+        pDest[i] = PixelAt<BITS>(pRow, vSource[static_cast<std::size_t>(i)]);
+}
+
+using RowConverter = void (*)(std::uint32_t*, const BYTE*, std::span<const int>, Order);
+
+RowConverter ConverterFor(int iBitsPixel)
+{
+    return iBitsPixel == 32 ? ConvertRow<32> : iBitsPixel == 24 ? ConvertRow<24> : ConvertRow<16>;
+}
+
+/// The source indices of the axis for destinations iFirst to iEnd, which lie on it.
+std::span<const int> Part(const NearestAxis& axis, int iFirst, int iEnd)
+{
+    return std::span(axis.vSource).subspan(iFirst - axis.iFirst, iEnd - iFirst);
+}
+
+void DrawRect(Surface& surface, const RECT& rc, const PixelRows& rows, std::span<const int> vColumns,
+              std::span<const int> vRows)
+{
+    const RowConverter pConvert = ConverterFor(rows.iBitsPixel);
+    const Order order = OrderOf(vColumns);
+    std::uint32_t* pDest = surface.PixelsForOverwrite(rc) + rc.top * surface.Stride() + rc.left;
+    for (std::size_t i = 0; i < vRows.size(); ++i, pDest += surface.Stride())
+    {
+        if (i > 0 && vRows[i] == vRows[i - 1])
+            std::memcpy(pDest, pDest - surface.Stride(), vColumns.size_bytes());
+        else
+            pConvert(pDest, rows.Row(vRows[i]), vColumns, order);
+    }
+}
+
+} // namespace
+
+Order OrderOf(std::span<const int> vSource)
+{
+    if (IsSteady(vSource, 1))
+        return Order::Ascending;
+    return IsSteady(vSource, -1) ? Order::Descending : Order::Any;
+}
+
+RECT DrawRows(Surface& surface, const Region& rgnClip, const PixelRows& rows, const NearestAxis& axisX,
+              const NearestAxis& axisY)
+{
+    const RECT rcAxes = {axisX.iFirst, axisY.iFirst, axisX.End(), axisY.End()};
+    const RECT rcLimit = Intersection(rcAxes, surface.Bounds());
+    RECT rcDrawn = {};
+    for (const RECT& rcClip : rgnClip.Rects())
+    {
+        const RECT rc = Intersection(rcClip, rcLimit);
+        if (!HasArea(rc))
+            continue;
+        DrawRect(surface, rc, rows, Part(axisX, rc.left, rc.right), Part(axisY, rc.top, rc.bottom));
+        rcDrawn = UnionBox(rcDrawn, rc);
+    }
+    return rcDrawn;
+}
+
+} // namespace winlite

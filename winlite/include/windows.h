@@ -1,0 +1,4 @@
+#pragma once
+
+#include "gdi/Gdi.h"
+#include "user/User.h"

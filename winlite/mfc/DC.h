@@ -1,0 +1,80 @@
+#pragma once
+
+#include "mfc/GdiObject.h"
+#include "mfc/Geometry.h"
+#include "user/User.h"
+
+class CWnd;
+
+/// A device context: the GDI functions as members. It deletes an attached memory device context when it is destroyed.
+class CDC : public CObject
+{
+    DECLARE_DYNAMIC(CDC)
+
+public:
+    CDC() = default;
+    ~CDC() override { DeleteDC(); }
+
+    BOOL Attach(HDC hDC);
+    HDC Detach();
+    HDC GetSafeHdc() const { return m_hDC; }
+    operator HDC() const { return m_hDC; }
+
+    /// A memory device context like pDC's, or like the screen's for NULL.
+    BOOL CreateCompatibleDC(CDC* pDC);
+    BOOL DeleteDC();
+
+    /// Each returns the object that was selected before, NULL on failure (ERROR for the region).
+    CBitmap* SelectObject(CBitmap* pBitmap);
+    CBrush* SelectObject(CBrush* pBrush);
+    CPen* SelectObject(CPen* pPen);
+    int SelectClipRgn(CRgn* pRgn) { return ::SelectClipRgn(m_hDC, pRgn ? static_cast<HRGN>(*pRgn) : nullptr); }
+
+    COLORREF SetBkColor(COLORREF cr) { return ::SetBkColor(m_hDC, cr); }
+    COLORREF GetBkColor() const { return ::GetBkColor(m_hDC); }
+    int SetStretchBltMode(int iMode) { return ::SetStretchBltMode(m_hDC, iMode); }
+    CPoint SetBrushOrg(int x, int y);
+
+    void FillRect(LPCRECT prc, CBrush* pBrush) { ::FillRect(m_hDC, prc, *pBrush); }
+    BOOL FillRgn(CRgn* pRgn, CBrush* pBrush) { return ::FillRgn(m_hDC, *pRgn, *pBrush); }
+    COLORREF GetPixel(int x, int y) const { return ::GetPixel(m_hDC, x, y); }
+    BOOL BitBlt(int x, int y, int cx, int cy, CDC* pSrc, int xSrc, int ySrc, DWORD dwRop)
+    {
+        return ::BitBlt(m_hDC, x, y, cx, cy, pSrc->GetSafeHdc(), xSrc, ySrc, dwRop);
+    }
+    BOOL StretchBlt(int x, int y, int cx, int cy, CDC* pSrc, int xSrc, int ySrc, int cxSrc, int cySrc, DWORD dwRop)
+    {
+        return ::StretchBlt(m_hDC, x, y, cx, cy, pSrc->GetSafeHdc(), xSrc, ySrc, cxSrc, cySrc, dwRop);
+    }
+
+    HDC m_hDC = nullptr;
+};
+
+/// The device context of a window's client area (of the screen for a NULL window) while it lives. Throws
+/// CResourceException when there is none to be had.
+class CClientDC : public CDC
+{
+    DECLARE_DYNAMIC(CClientDC)
+
+public:
+    explicit CClientDC(CWnd* pWnd);
+    ~CClientDC() override;
+
+private:
+    HWND m_hWnd;
+};
+
+/// BeginPaint and EndPaint around a WM_PAINT handler. Throws CResourceException when painting cannot begin.
+class CPaintDC : public CDC
+{
+    DECLARE_DYNAMIC(CPaintDC)
+
+public:
+    explicit CPaintDC(CWnd* pWnd);
+    ~CPaintDC() override;
+
+    PAINTSTRUCT m_ps = {};
+
+private:
+    HWND m_hWnd;
+};

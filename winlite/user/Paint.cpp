@@ -1,0 +1,116 @@
+#include "user/Paint.h"
+
+#include "base/Desktop.h"
+#include "base/StateLock.h"
+#include "user/Queue.h"
+#include "user/WindowObject.h"
+
+namespace winlite
+{
+
+namespace
+{
+
+HWND FindDirty(const std::vector<std::shared_ptr<WindowObject>>& vWindows, HWND hFilter)
+{
+    for (const auto& pWindow : vWindows)
+    {
+        if (!pWindow->IsDrawable())
+            continue;
+        if (!pWindow->rgnUpdate.IsEmpty() && PassesFilter(pWindow->hWnd, hFilter))
+            return pWindow->hWnd;
+        if (const HWND hWnd = FindDirty(pWindow->vChildren, hFilter))
+            return hWnd;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+HWND NextWindowToPaint(HWND hFilter)
+{
+    StateLock lock;
+    return FindDirty(TopLevelWindows(), hFilter);
+}
+
+void InvalidateTree(WindowObject& window, Region rgnClient, bool bErase)
+{
+    if (!window.IsVisible())
+        return;
+    rgnClient &= window.ClientRect();
+    if (rgnClient.IsEmpty())
+        return;
+    const bool bClipChildren = window.HasStyle(WS_CLIPCHILDREN);
+    for (const auto& pChild : window.vChildren)
+    {
+        if (!pChild->HasStyle(WS_VISIBLE))
+            continue;
+        if (bClipChildren)
+        {
+            rgnClient -= pChild->RectInParent();
+            continue;
+        }
+        Region rgnChild = rgnClient & pChild->RectInParent();
+        rgnChild.Offset(-pChild->ptPosition.x, -pChild->ptPosition.y);
+        InvalidateTree(*pChild, std::move(rgnChild), bErase);
+    }
+    window.rgnUpdate |= rgnClient;
+    window.bErase |= bErase;
+}
+
+} // namespace winlite
+
+using namespace winlite;
+
+BOOL InvalidateRect(HWND hWnd, const RECT* prc, BOOL bErase)
+{
+    const auto pWindow = FindWindowObject(hWnd);
+    if (!pWindow)
+        return FALSE;
+    {
+        StateLock lock;
+        InvalidateTree(*pWindow, Region(prc ? *prc : pWindow->ClientRect()), bErase);
+    }
+    if (HasDesktop())
+        TheDesktop().Wake();
+    return TRUE;
+}
+
+BOOL ValidateRect(HWND hWnd, const RECT* prc)
+{
+    const auto pWindow = FindWindowObject(hWnd);
+    if (!pWindow)
+        return FALSE;
+    StateLock lock;
+    if (prc)
+        pWindow->rgnUpdate -= *prc;
+    else
+        pWindow->rgnUpdate = Region();
+    return TRUE;
+}
+
+BOOL UpdateWindow(HWND hWnd)
+{
+    const auto pWindow = FindWindowObject(hWnd);
+    if (!pWindow)
+        return FALSE;
+    bool bDue;
+    {
+        StateLock lock;
+        bDue = pWindow->IsDrawable() && !pWindow->rgnUpdate.IsEmpty();
+    }
+    if (bDue)
+        ::SendMessage(hWnd, WM_PAINT, 0, 0);
+    return TRUE;
+}
+
+BOOL GetUpdateRect(HWND hWnd, LPRECT prc, BOOL)
+{
+    const auto pWindow = FindWindowObject(hWnd);
+    if (!pWindow)
+        return FALSE;
+    StateLock lock;
+    if (prc)
+        *prc = pWindow->rgnUpdate.Box();
+    return !pWindow->rgnUpdate.IsEmpty();
+}

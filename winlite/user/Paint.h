@@ -1,0 +1,12 @@
+#pragma once
+
+#include "user/User.h"
+
+namespace winlite
+{
+
+/// The first window, parents before their children, that is due a WM_PAINT and passes the filter; NULL when there is
+/// none.
+HWND NextWindowToPaint(HWND hFilter);
+
+} // namespace winlite

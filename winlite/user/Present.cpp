@@ -1,0 +1,59 @@
+#include "base/Desktop.h"
+#include "base/StateLock.h"
+#include "user/Window.h"
+#include "user/WindowObject.h"
+
+#include <utility>
+
+namespace winlite
+{
+
+namespace
+{
+
+/// Takes the damage of a window that can be shown; empty otherwise.
+Region TakeDamage(WindowObject& window)
+{
+    StateLock lock;
+    Region rgnDamage = std::exchange(window.rgnDamage, Region()) & window.ClientRect();
+    return window.IsDrawable() && window.pSurface ? rgnDamage : Region();
+}
+
+} // namespace
+
+void PresentDamage()
+{
+    std::vector<std::shared_ptr<WindowObject>> vWindows;
+    {
+        StateLock lock;
+        vWindows = TopLevelWindows();
+    }
+    for (const auto& pWindow : vWindows)
+    {
+        const Region rgnDamage = TakeDamage(*pWindow);
+        if (rgnDamage.IsEmpty())
+            continue;
+        const Surface& surface = *pWindow->pSurface;
+        const SurfaceView view = {surface.Pixels(), surface.Width(), surface.Height(), surface.Stride()};
+        StateLock::AssertNotHeld();
+        TheDesktop().Present(pWindow->hWnd, view, rgnDamage.Rects());
+    }
+}
+
+Picture WindowPicture(HWND hTopLevel)
+{
+    const auto pWindow = FindWindowObject(hTopLevel);
+    if (!pWindow || pWindow->pParent)
+        return {};
+    const Surface& surface = *pWindow->EnsureSurface();
+    Picture picture = {surface.Width(), surface.Height(), {}};
+    const std::uint32_t* pPixels = surface.Pixels();
+    for (int y = 0; y < picture.cy; ++y)
+    {
+        for (int x = 0; x < picture.cx; ++x)
+            picture.vPixels.push_back(pPixels[y * surface.Stride() + x] & 0xFFFFFF);
+    }
+    return picture;
+}
+
+} // namespace winlite

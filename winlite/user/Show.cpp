@@ -1,0 +1,73 @@
+#include "base/Desktop.h"
+#include "base/StateLock.h"
+#include "user/WindowObject.h"
+
+namespace winlite
+{
+
+namespace
+{
+
+void SetVisible(WindowObject& window, bool bVisible)
+{
+    ::SendMessage(window.hWnd, WM_SHOWWINDOW, bVisible, 0);
+    StateLock lock;
+    if (!bVisible && window.pParent && window.IsVisible())
+        InvalidateTree(*window.pParent, Region(window.RectInParent()), true);
+    window.dwStyle = bVisible ? window.dwStyle | WS_VISIBLE : window.dwStyle & ~WS_VISIBLE;
+    if (bVisible)
+        InvalidateTree(window, Region(window.ClientRect()), true);
+}
+
+void SetMinimised(WindowObject& window, bool bMinimised)
+{
+    SIZE szClient;
+    {
+        StateLock lock;
+        window.dwStyle = bMinimised ? window.dwStyle | WS_MINIMIZE : window.dwStyle & ~WS_MINIMIZE;
+        szClient = bMinimised ? SIZE{} : window.szClient;
+        if (!bMinimised)
+            InvalidateTree(window, Region(window.ClientRect()), true);
+    }
+    ::SendMessage(window.hWnd, WM_SIZE, bMinimised ? SIZE_MINIMIZED : SIZE_RESTORED,
+                  MAKELPARAM(szClient.cx, szClient.cy));
+}
+
+} // namespace
+
+} // namespace winlite
+
+using namespace winlite;
+
+BOOL ShowWindow(HWND hWnd, int iCommand)
+{
+    const auto pWindow = FindWindowObject(hWnd);
+    if (!pWindow)
+        return FALSE;
+    const bool bWasVisible = pWindow->HasStyle(WS_VISIBLE);
+    const bool bWasMinimised = pWindow->HasStyle(WS_MINIMIZE);
+    const bool bVisible = iCommand != SW_HIDE;
+    const bool bMinimised = iCommand == SW_MINIMIZE || (iCommand != SW_RESTORE && bWasMinimised);
+    if (bVisible != bWasVisible)
+        SetVisible(*pWindow, bVisible);
+    if (bMinimised != bWasMinimised && ::IsWindow(hWnd))
+        SetMinimised(*pWindow, bMinimised);
+    const bool bChanged = bVisible != bWasVisible || bMinimised != bWasMinimised;
+    if (bChanged && !pWindow->pParent && HasDesktop() && ::IsWindow(hWnd))
+        TheDesktop().WindowChanged(hWnd);
+    return bWasVisible;
+}
+
+BOOL IsWindowVisible(HWND hWnd)
+{
+    const auto pWindow = FindWindowObject(hWnd);
+    StateLock lock;
+    return pWindow && pWindow->IsVisible();
+}
+
+BOOL IsIconic(HWND hWnd)
+{
+    const auto pWindow = FindWindowObject(hWnd);
+    StateLock lock;
+    return pWindow && pWindow->HasStyle(WS_MINIMIZE);
+}

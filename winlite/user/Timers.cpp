@@ -1,0 +1,107 @@
+#include "user/Timers.h"
+
+#include "base/Desktop.h"
+#include "base/StateLock.h"
+#include "user/Queue.h"
+#include "user/Window.h"
+#include "user/WindowObject.h"
+
+#include <algorithm>
+
+namespace winlite
+{
+
+namespace
+{
+
+struct Timer
+{
+    HWND hWnd;
+    UINT_PTR uId;
+    std::uint64_t uPeriod;
+    std::uint64_t uDue;
+};
+
+std::vector<Timer>& Timers()
+{
+    static auto* pTimers = new std::vector<Timer>;
+    return *pTimers;
+}
+
+auto FindTimer(HWND hWnd, UINT_PTR uId)
+{
+    return std::ranges::find_if(Timers(), [&](const Timer& timer) { return timer.hWnd == hWnd && timer.uId == uId; });
+}
+
+} // namespace
+
+std::optional<MSG> NextTimerMessage(HWND hFilter, bool bTake)
+{
+    if (!HasDesktop())
+        return std::nullopt;
+    const std::uint64_t uNow = TheDesktop().TickCount();
+    StateLock lock;
+    std::vector<Timer>& vTimers = Timers();
+    const auto it = std::ranges::find_if(vTimers, [&](const Timer& timer)
+                                         { return timer.uDue <= uNow && PassesFilter(timer.hWnd, hFilter); });
+    if (it == vTimers.end())
+        return std::nullopt;
+    const MSG msg = {it->hWnd, WM_TIMER, it->uId, 0, static_cast<DWORD>(uNow), {}};
+    if (bTake)
+    {
+        // Periods that were missed are not made up for. The timer goes last, so that each gets its turn.
+        it->uDue += ((uNow - it->uDue) / it->uPeriod + 1) * it->uPeriod;
+        std::rotate(it, it + 1, vTimers.end());
+    }
+    return msg;
+}
+
+int MsToNextTimer()
+{
+    const std::uint64_t uNow = TheDesktop().TickCount();
+    StateLock lock;
+    const auto it = std::ranges::min_element(Timers(), {}, &Timer::uDue);
+    if (it == Timers().end())
+        return -1;
+    return it->uDue <= uNow ? 0 : static_cast<int>(std::min<std::uint64_t>(it->uDue - uNow, 0x7FFFFFFF));
+}
+
+void ForgetTimersOf(HWND hWnd)
+{
+    std::erase_if(Timers(), [hWnd](const Timer& timer) { return timer.hWnd == hWnd; });
+}
+
+} // namespace winlite
+
+using namespace winlite;
+
+UINT_PTR SetTimer(HWND hWnd, UINT_PTR uId, UINT uMs, void* pCallback)
+{
+    constexpr UINT SHORTEST_PERIOD = 10;
+    if (!::IsWindow(hWnd) || pCallback)
+        return 0;
+    const std::uint64_t uPeriod = std::max(uMs, SHORTEST_PERIOD);
+    const Timer timer = {hWnd, uId, uPeriod, TheDesktop().TickCount() + uPeriod};
+    {
+        StateLock lock;
+        const auto it = FindTimer(hWnd, uId);
+        if (it != Timers().end())
+            *it = timer;
+        else
+            Timers().push_back(timer);
+    }
+    TheDesktop().Wake();
+    return uId ? uId : 1;
+}
+
+BOOL KillTimer(HWND hWnd, UINT_PTR uId)
+{
+    StateLock lock;
+    const auto it = FindTimer(hWnd, uId);
+    if (it == Timers().end())
+        return FALSE;
+    Timers().erase(it);
+    return TRUE;
+}
+
+DWORD GetTickCount() { return static_cast<DWORD>(TheDesktop().TickCount()); }
