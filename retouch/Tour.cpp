@@ -10,7 +10,7 @@
 namespace
 {
 
-constexpr CSize WINDOW_SIZE(1100, 740);
+constexpr SIZE WINDOW_SIZE = {1100, 740};
 constexpr DWORD BACKGROUND = RGB(58, 60, 64);
 
 using Picture = winlite::Picture;

@@ -102,7 +102,16 @@ TEST_F(WndTest, ObjectsAreFoundByHandle)
     EXPECT_EQ(CWnd::FromHandle(hPlain)->GetParent(), &wnd);
     app.OnIdle(0);
     EXPECT_TRUE(::IsWindow(hPlain)) << "a temporary object does not take the window with it";
-    EXPECT_THROW(CClientDC(CWnd::FromHandle(reinterpret_cast<HWND>(8))), CException*);
+    try
+    {
+        CClientDC dc(CWnd::FromHandle(reinterpret_cast<HWND>(8)));
+        ADD_FAILURE() << "no window, no device context";
+    }
+    catch (CException* pException)
+    {
+        EXPECT_TRUE(pException->IsKindOf(RUNTIME_CLASS(CResourceException)));
+        pException->Delete();
+    }
 }
 
 TEST_F(WndTest, PreTranslationComesBeforeDispatchAndForPostedMessagesOnly)

@@ -60,7 +60,7 @@ TEST_F(BitmapTest, SizeImageIsNotBelieved)
 
 TEST_F(BitmapTest, OtherBitCountsAttachAndShowTheBackground)
 {
-    for (const WORD nBits : {0, 1, 4, 8, 17, 64})
+    for (const WORD nBits : std::initializer_list<WORD>{0, 1, 4, 8, 17, 64})
     {
         CTestBitmap bitmap(40, 30, 32);
         bitmap.vBits.resize(40 * 30 * 8, 0xFF);

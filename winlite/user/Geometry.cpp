@@ -41,9 +41,9 @@ void ApplyPosition(WindowObject& window, WINDOWPOS& pos)
     Region rgnInvalid(window.ClientRect());
     if (!bWhole)
         rgnInvalid -= RECT{0, 0, szOld.cx, szOld.cy};
-    InvalidateTree(window, rgnInvalid, true);
+    InvalidateTree(window, rgnInvalid, true, InvalidReason::Uncovered);
     if (window.pParent && window.HasStyle(WS_VISIBLE))
-        InvalidateTree(*window.pParent, Region(rcOld) -= rcNew, true);
+        InvalidateTree(*window.pParent, Region(rcOld) -= rcNew, true, InvalidReason::Uncovered);
 }
 
 } // namespace

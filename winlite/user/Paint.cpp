@@ -33,7 +33,7 @@ HWND NextWindowToPaint(HWND hFilter)
     return FindDirty(TopLevelWindows(), hFilter);
 }
 
-void InvalidateTree(WindowObject& window, Region rgnClient, bool bErase)
+void InvalidateTree(WindowObject& window, Region rgnClient, bool bErase, InvalidReason reason)
 {
     if (!window.IsVisible())
         return;
@@ -45,14 +45,20 @@ void InvalidateTree(WindowObject& window, Region rgnClient, bool bErase)
     {
         if (!pChild->HasStyle(WS_VISIBLE))
             continue;
-        if (bClipChildren)
+        if (!bClipChildren || reason == InvalidReason::Uncovered)
         {
-            rgnClient -= pChild->RectInParent();
-            continue;
+            Region rgnChild = rgnClient & pChild->RectInParent();
+            rgnChild.Offset(-pChild->ptPosition.x, -pChild->ptPosition.y);
+            InvalidateTree(*pChild, std::move(rgnChild), bErase, reason);
         }
-        Region rgnChild = rgnClient & pChild->RectInParent();
-        rgnChild.Offset(-pChild->ptPosition.x, -pChild->ptPosition.y);
-        InvalidateTree(*pChild, std::move(rgnChild), bErase);
+    }
+    if (bClipChildren)
+    {
+        for (const auto& pChild : window.vChildren)
+        {
+            if (pChild->HasStyle(WS_VISIBLE))
+                rgnClient -= pChild->RectInParent();
+        }
     }
     window.rgnUpdate |= rgnClient;
     window.bErase |= bErase;
@@ -69,7 +75,7 @@ BOOL InvalidateRect(HWND hWnd, const RECT* prc, BOOL bErase)
         return FALSE;
     {
         StateLock lock;
-        InvalidateTree(*pWindow, Region(prc ? *prc : pWindow->ClientRect()), bErase);
+        InvalidateTree(*pWindow, Region(prc ? *prc : pWindow->ClientRect()), bErase, InvalidReason::Asked);
     }
     if (HasDesktop())
         TheDesktop().Wake();

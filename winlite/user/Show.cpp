@@ -12,11 +12,12 @@ void SetVisible(WindowObject& window, bool bVisible)
 {
     ::SendMessage(window.hWnd, WM_SHOWWINDOW, bVisible, 0);
     StateLock lock;
-    if (!bVisible && window.pParent && window.IsVisible())
-        InvalidateTree(*window.pParent, Region(window.RectInParent()), true);
+    const bool bWasShown = window.IsVisible();
     window.dwStyle = bVisible ? window.dwStyle | WS_VISIBLE : window.dwStyle & ~WS_VISIBLE;
+    if (!bVisible && window.pParent && bWasShown)
+        InvalidateTree(*window.pParent, Region(window.RectInParent()), true, InvalidReason::Uncovered);
     if (bVisible)
-        InvalidateTree(window, Region(window.ClientRect()), true);
+        InvalidateTree(window, Region(window.ClientRect()), true, InvalidReason::Uncovered);
 }
 
 void SetMinimised(WindowObject& window, bool bMinimised)
@@ -27,7 +28,7 @@ void SetMinimised(WindowObject& window, bool bMinimised)
         window.dwStyle = bMinimised ? window.dwStyle | WS_MINIMIZE : window.dwStyle & ~WS_MINIMIZE;
         szClient = bMinimised ? SIZE{} : window.szClient;
         if (!bMinimised)
-            InvalidateTree(window, Region(window.ClientRect()), true);
+            InvalidateTree(window, Region(window.ClientRect()), true, InvalidReason::Uncovered);
     }
     ::SendMessage(window.hWnd, WM_SIZE, bMinimised ? SIZE_MINIMIZED : SIZE_RESTORED,
                   MAKELPARAM(szClient.cx, szClient.cy));

@@ -80,9 +80,15 @@ constexpr int MAX_COORDINATE = 1 << 26;
 /// The class of a name; NULL when there is none.
 const WindowClass* FindWindowClass(LPCWSTR pszName);
 
-/// Adds a region (client coordinates) to the update region, and to the children's beneath it without WS_CLIPCHILDREN.
-/// Does nothing for a window that is not visible. Call it with StateLock held.
-void InvalidateTree(WindowObject& window, Region rgnClient, bool bErase);
+/// Adds a region (client coordinates) to the update region of a visible window. A part that was uncovered is due in the
+/// children beneath it too; what a program calls invalid is so only without WS_CLIPCHILDREN. Call it with StateLock
+/// held.
+enum class InvalidReason
+{
+    Asked,
+    Uncovered,
+};
+void InvalidateTree(WindowObject& window, Region rgnClient, bool bErase, InvalidReason reason);
 
 /// Takes a window's timers and posted messages away. Call it with StateLock held.
 void ForgetTimersOf(HWND hWnd);

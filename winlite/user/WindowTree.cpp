@@ -39,6 +39,7 @@ void RemoveWindow(WindowObject& window)
     auto& vSiblings = window.pParent ? window.pParent->vChildren : TopLevelWindows();
     const std::shared_ptr<HandleObject> pKeep = CloseHandleEntry(window.hWnd);
     std::erase_if(vSiblings, [&window](const auto& pSibling) { return pSibling.get() == &window; });
+    window.pParent = nullptr; // It may be gone before the last holder of this object.
 }
 
 std::vector<std::shared_ptr<WindowObject>> ChildrenOf(const WindowObject& window)
@@ -64,10 +65,14 @@ void SendNcDestroyAndRemove(WindowObject& window)
     for (auto vChildren = ChildrenOf(window); !vChildren.empty(); vChildren = ChildrenOf(window))
     {
         for (const auto& pChild : vChildren)
-            SendNcDestroyAndRemove(*pChild);
+        {
+            if (::IsWindow(pChild->hWnd))
+                SendNcDestroyAndRemove(*pChild);
+        }
     }
     ::SendMessage(window.hWnd, WM_NCDESTROY, 0, 0);
-    RemoveWindow(window);
+    if (::IsWindow(window.hWnd))
+        RemoveWindow(window);
 }
 
 void TellDesktop(const WindowObject& window)
@@ -144,12 +149,15 @@ BOOL DestroyWindow(HWND hWnd)
     const std::shared_ptr<WindowObject> pWindow = FindWindowObject(hWnd);
     if (!pWindow || pWindow->bDestroying)
         return FALSE;
+    const bool bTopLevel = !pWindow->pParent;
     ::ShowWindow(hWnd, SW_HIDE);
     if (!::IsWindow(hWnd))
         return FALSE; // Gone in the handler of the hiding.
     SendDestroy(*pWindow);
-    SendNcDestroyAndRemove(*pWindow);
-    TellDesktop(*pWindow);
+    if (::IsWindow(hWnd)) // A handler may have destroyed an ancestor, and this window with it.
+        SendNcDestroyAndRemove(*pWindow);
+    if (bTopLevel)
+        TellDesktop(*pWindow);
     return TRUE;
 }
 

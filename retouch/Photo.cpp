@@ -1,0 +1,99 @@
+#include "retouch/Photo.h"
+
+#include "retouch/JpegEnd.h"
+
+#include <cstring>
+#include <new>
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QPainter>
+
+namespace
+{
+
+// A photo of 100 megapixels needs 400; the reader's own limit would refuse it.
+constexpr int MOST_MEGABYTES = 4096;
+
+std::optional<QByteArray> ReadFile(const std::string& strPath, std::string& strReason)
+{
+    const QString strName = QString::fromStdString(strPath);
+    QFile file(strName);
+    if (QFileInfo(strName).isDir())
+        strReason = "is a folder";
+    else if (!file.open(QIODevice::ReadOnly))
+        strReason = file.errorString().toStdString();
+    else if (file.size() == 0)
+        strReason = "is empty";
+    if (!strReason.empty())
+        return std::nullopt;
+    return file.readAll();
+}
+
+std::optional<QImage> Decode(QByteArray bytes, std::string& strReason)
+{
+    const std::span vBytes(reinterpret_cast<const unsigned char*>(bytes.constData()),
+                           static_cast<std::size_t>(bytes.size()));
+    if (LooksLikeJpeg(vBytes) && !IsCompleteJpeg(vBytes))
+    {
+        strReason = "is broken: the end of the picture is missing";
+        return std::nullopt;
+    }
+    QBuffer buffer(&bytes);
+    QImageReader::setAllocationLimit(MOST_MEGABYTES);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    QImage image = reader.read();
+    if (!image.isNull())
+        return image;
+    strReason = reader.error() == QImageReader::UnsupportedFormatError
+                    ? "is not a picture that can be read"
+                    : "is broken: " + reader.errorString().toStdString();
+    return std::nullopt;
+}
+
+/// The picture with transparent parts over white, 32 bits a pixel.
+QImage Flattened(QImage image)
+{
+    if (!image.hasAlphaChannel())
+        return std::move(image).convertToFormat(QImage::Format_RGB32);
+    QImage flat(image.size(), QImage::Format_RGB32);
+    flat.fill(Qt::white);
+    QPainter(&flat).drawImage(0, 0, image);
+    return flat;
+}
+
+} // namespace
+
+CPhoto::CPhoto(int cx, int cy) : m_vPixels(static_cast<std::size_t>(cx) * cy * 4)
+{
+    m_info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
+    m_info.bmiHeader.biWidth = cx;
+    m_info.bmiHeader.biHeight = cy;
+    m_info.bmiHeader.biPlanes = 1;
+    m_info.bmiHeader.biBitCount = 32;
+}
+
+std::optional<CPhoto> CPhoto::Load(const std::string& strPath, std::string& strError)
+try
+{
+    std::string strReason;
+    std::optional<QByteArray> bytes = ReadFile(strPath, strReason);
+    std::optional<QImage> image = bytes ? Decode(std::move(*bytes), strReason) : std::nullopt;
+    if (!image)
+    {
+        strError = strPath + ": " + strReason;
+        return std::nullopt;
+    }
+    const QImage flat = Flattened(std::move(*image));
+    CPhoto photo(flat.width(), flat.height());
+    for (int y = 0; y < flat.height(); ++y)
+        std::memcpy(photo.Row(y), flat.constScanLine(y), static_cast<std::size_t>(flat.width()) * 4);
+    return photo;
+}
+catch (const std::bad_alloc&)
+{
+    strError = strPath + ": is too large for the memory";
+    return std::nullopt;
+}

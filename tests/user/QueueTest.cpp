@@ -1,0 +1,145 @@
+#include "Recorder.h"
+
+#include <thread>
+
+using QueueTest = UserTest;
+
+TEST_F(QueueTest, PostedMessagesComeBeforeTheEndThenPaintsThenTimers)
+{
+    ::SetTimer(hTop, 5, 10, nullptr);
+    desktop.Advance(10);
+    ::InvalidateRect(hTop, nullptr, FALSE);
+    ::PostQuitMessage(3);
+    ::PostMessage(hTop, WM_USER, 1, 0);
+    ::PostMessage(hTop, WM_USER, 2, 0);
+    const struct
+    {
+        UINT uMessage;
+        WPARAM wParam;
+    } vExpected[] = {{WM_USER, 1}, {WM_USER, 2}, {WM_QUIT, 3}, {WM_PAINT, 0}, {WM_TIMER, 5}};
+    for (const auto& expected : vExpected)
+    {
+        MSG msg;
+        EXPECT_TRUE(::PeekMessage(&msg, nullptr, 0, 0, PM_NOREMOVE));
+        EXPECT_EQ(::GetMessage(&msg, nullptr, 0, 0), expected.uMessage != WM_QUIT);
+        EXPECT_EQ(msg.message, expected.uMessage);
+        EXPECT_EQ(msg.wParam, expected.wParam);
+        ::DispatchMessage(&msg);
+    }
+    ::KillTimer(hTop, 5);
+    MSG msg;
+    EXPECT_EQ(::GetMessage(&msg, nullptr, 0, 0), -1) << "nothing can come any more";
+}
+
+TEST_F(QueueTest, FiltersChooseByMessageAndWindow)
+{
+    const HWND hA = Make('A', 0, {0, 0, 2, 2}, hTop);
+    const HWND hOther = Make('Q', 0, {0, 0, 2, 2});
+    ::PostMessage(hTop, WM_USER, 1, 0);
+    ::PostMessage(hA, WM_USER, 2, 0);
+    ::PostMessage(hOther, WM_USER, 3, 0);
+    MSG msg;
+    EXPECT_FALSE(::PeekMessage(&msg, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE));
+    for (const auto& [hFilter, wExpected] : {std::pair(hOther, 3), std::pair(hA, 2), std::pair(hTop, 1)})
+    {
+        EXPECT_TRUE(::PeekMessage(&msg, hFilter, WM_USER, WM_USER, PM_REMOVE));
+        EXPECT_EQ(msg.wParam, static_cast<WPARAM>(wExpected));
+    }
+    ::PostMessage(hA, WM_USER, 4, 0);
+    ::DestroyWindow(hA);
+    ::DestroyWindow(hOther);
+    EXPECT_FALSE(::PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) << "messages go with their window";
+    EXPECT_FALSE(::PostMessage(hA, WM_USER, 0, 0));
+}
+
+TEST_F(QueueTest, AskingForPaintsSeesOnlyThemAndClearsNothing)
+{
+    const HWND hA = Make('A', WS_VISIBLE, {0, 0, 2, 2}, hTop);
+    const HWND hB = Make('B', WS_VISIBLE, {3, 0, 2, 2}, hTop);
+    desktop.DispatchPending();
+    ::PostMessage(hB, WM_USER, 0, 0);
+    const auto isPaintPending = [](HWND hWnd, UINT uFlags)
+    {
+        MSG msg;
+        return ::PeekMessage(&msg, hWnd, 0, 0, uFlags | PM_QS_PAINT) && msg.message == WM_PAINT;
+    };
+    EXPECT_FALSE(isPaintPending(nullptr, PM_NOREMOVE));
+    ::InvalidateRect(hA, nullptr, FALSE);
+    for (const HWND hWnd : {HWND{}, hTop, hA})
+    {
+        EXPECT_TRUE(isPaintPending(hWnd, PM_NOREMOVE));
+        EXPECT_TRUE(isPaintPending(hWnd, PM_REMOVE));
+    }
+    EXPECT_FALSE(isPaintPending(hB, PM_NOREMOVE));
+    MSG msg;
+    EXPECT_TRUE(::PeekMessage(&msg, hTop, WM_PAINT, WM_PAINT, PM_REMOVE));
+    ::DispatchMessage(&msg);
+    EXPECT_FALSE(isPaintPending(nullptr, PM_NOREMOVE));
+}
+
+TEST_F(QueueTest, APaintThatIsNotValidatedComesAgain)
+{
+    bValidates = false;
+    ::InvalidateRect(hTop, nullptr, FALSE);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(winlite::PumpOneMessage());
+    EXPECT_EQ(TakeLog(), "Ppaint Ppaint Ppaint");
+    bValidates = true;
+    EXPECT_EQ(LogAfterDispatch(), "Ppaint(0,0,6,4)");
+}
+
+TEST_F(QueueTest, TimersAreReplacedDoNotPileUpAndAreNeverFasterThan10Ms)
+{
+    EXPECT_EQ(::SetTimer(hTop, 5, 50, nullptr), 5u);
+    desktop.Advance(20);
+    EXPECT_EQ(::SetTimer(hTop, 5, 30, nullptr), 5u);
+    const struct
+    {
+        int iAdvanceMs;
+        const char* pszLog;
+    } vSteps[] = {{29, ""}, {1, "Ptimer5"}, {0, ""}, {95, "Ptimer5"}, {24, ""}, {1, "Ptimer5"}};
+    for (const auto& step : vSteps)
+    {
+        desktop.Advance(step.iAdvanceMs);
+        EXPECT_EQ(LogAfterDispatch(), step.pszLog);
+    }
+    EXPECT_TRUE(::KillTimer(hTop, 5));
+    EXPECT_FALSE(::KillTimer(hTop, 5));
+
+    const HWND hA = Make('A', 0, {0, 0, 2, 2}, hTop);
+    TakeLog();
+    ::SetTimer(hA, 1, 0, nullptr);
+    ::SetTimer(hTop, 1, 3, nullptr);
+    EXPECT_EQ(winlite::MsToNextTimer(), 10);
+    desktop.Advance(10);
+    EXPECT_EQ(LogAfterDispatch(), "Atimer1 Ptimer1") << "one id on two windows makes two timers";
+    ::DestroyWindow(hA);
+    TakeLog();
+    desktop.Advance(10);
+    EXPECT_EQ(LogAfterDispatch(), "Ptimer1");
+    EXPECT_EQ(::SetTimer(hA, 1, 10, nullptr), 0u);
+}
+
+TEST_F(QueueTest, OtherThreadsMayPostAndInvalidate)
+{
+    std::thread worker(
+        [this]
+        {
+            for (WPARAM w = 0; w < 3; ++w)
+            {
+                ::PostMessage(hTop, WM_USER, w, 0);
+                const LONG iEdge = static_cast<LONG>(w);
+                const RECT rc = {iEdge, iEdge, iEdge + 1, iEdge + 1};
+                ::InvalidateRect(hTop, &rc, FALSE);
+            }
+        });
+    for (int i = 0; i < 100; ++i)
+        winlite::PumpOneMessage();
+    worker.join();
+    desktop.DispatchPending();
+    std::string strPosted;
+    for (const char c : TakeLog())
+        strPosted += c == 'u' ? "u" : "";
+    EXPECT_EQ(strPosted, "uuu");
+    EXPECT_FALSE(::GetUpdateRect(hTop, nullptr, FALSE));
+}
