@@ -141,9 +141,10 @@ TEST(ScrollBarLayoutTest, PointsAndThumbOffsetsAreFoundAgain)
 
 TEST_F(ScrollBarTest, AlignedBarsTakeTheStandardThicknessAlongTheirEdge)
 {
-    static winlite::HeadlessDesktop s_desktopLarge({1920, 1080}, 1.5); // Its address must not be another desktop's.
-    winlite::SetDesktop(&s_desktopLarge);
-    EXPECT_EQ(::GetSystemMetrics(SM_CXVSCROLL), 26);
+    {
+        const winlite::HeadlessDesktop desktopLarge({1920, 1080}, 1.5);
+        EXPECT_EQ(::GetSystemMetrics(SM_CXVSCROLL), 26);
+    }
     winlite::SetDesktop(&desktop);
     EXPECT_EQ(::GetSystemMetrics(SM_CYHSCROLL), 17);
     const struct

@@ -9,9 +9,16 @@ namespace winlite
 namespace
 {
 std::atomic<Desktop*> s_pDesktop = nullptr;
+std::atomic<int> s_nDesktops = 0;
+} // namespace
+
+void SetDesktop(Desktop* pDesktop)
+{
+    s_pDesktop = pDesktop;
+    s_nDesktops += pDesktop != nullptr;
 }
 
-void SetDesktop(Desktop* pDesktop) { s_pDesktop = pDesktop; }
+int DesktopCount() { return s_nDesktops; }
 
 Desktop& TheDesktop()
 {

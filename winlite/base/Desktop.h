@@ -61,4 +61,7 @@ void SetDesktop(Desktop* pDesktop);
 Desktop& TheDesktop();
 bool HasDesktop();
 
+/// How many desktops the program has had: what is remembered of one holds for that one only.
+int DesktopCount();
+
 } // namespace winlite

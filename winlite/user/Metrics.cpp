@@ -12,17 +12,16 @@ namespace
 {
 
 int s_iBarThickness = 0;
-const Desktop* s_pMeasured = nullptr;
+int s_iMeasured = 0; // the desktop it is of, by count
 
 /// The scroll bars' thickness, which stays what it was when this desktop was first asked.
 int BarThickness()
 {
     constexpr int THICKNESS_AT_96_DPI = 17;
-    Desktop& desktop = TheDesktop();
-    if (s_pMeasured != &desktop)
+    if (s_iMeasured != DesktopCount())
     {
-        s_pMeasured = &desktop;
-        s_iBarThickness = static_cast<int>(std::lround(THICKNESS_AT_96_DPI * desktop.Scale()));
+        s_iMeasured = DesktopCount();
+        s_iBarThickness = static_cast<int>(std::lround(THICKNESS_AT_96_DPI * TheDesktop().Scale()));
     }
     return s_iBarThickness;
 }

@@ -92,6 +92,7 @@ BOOL ValidateRect(HWND hWnd, const RECT* prc)
         pWindow->rgnUpdate -= *prc;
     else
         pWindow->rgnUpdate = Region();
+    pWindow->bErase &= !pWindow->rgnUpdate.IsEmpty();
     return TRUE;
 }
 

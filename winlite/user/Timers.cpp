@@ -75,11 +75,12 @@ void ForgetTimersOf(HWND hWnd)
 
 using namespace winlite;
 
-UINT_PTR SetTimer(HWND hWnd, UINT_PTR uId, UINT uMs, void* pCallback)
+UINT_PTR SetTimer(HWND hWnd, UINT_PTR uAskedId, UINT uMs, void* pCallback)
 {
     constexpr UINT SHORTEST_PERIOD = 10;
     if (!::IsWindow(hWnd) || pCallback)
         return 0;
+    const UINT_PTR uId = uAskedId ? uAskedId : 1; // 0 would tell of a failure.
     const std::uint64_t uPeriod = std::max(uMs, SHORTEST_PERIOD);
     const Timer timer = {hWnd, uId, uPeriod, TheDesktop().TickCount() + uPeriod};
     {
@@ -91,7 +92,7 @@ UINT_PTR SetTimer(HWND hWnd, UINT_PTR uId, UINT uMs, void* pCallback)
             Timers().push_back(timer);
     }
     TheDesktop().Wake();
-    return uId ? uId : 1;
+    return uId;
 }
 
 BOOL KillTimer(HWND hWnd, UINT_PTR uId)
