@@ -16,12 +16,18 @@ namespace
 // A photo of 100 megapixels needs 400; the reader's own limit would refuse it.
 constexpr int MOST_MEGABYTES = 4096;
 
+// The view takes bitmaps whose byte count fits 31 bits.
+constexpr qint64 MOST_PIXELS = 0x7FFFFFFF / 4;
+
 std::optional<QByteArray> ReadFile(const std::string& strPath, std::string& strReason)
 {
     const QString strName = QString::fromStdString(strPath);
     QFile file(strName);
-    if (QFileInfo(strName).isDir())
+    const QFileInfo info(strName);
+    if (info.isDir())
         strReason = "is a folder";
+    else if (info.exists() && !info.isFile())
+        strReason = "is not an ordinary file"; // Reading a pipe might never end.
     else if (!file.open(QIODevice::ReadOnly))
         strReason = file.errorString().toStdString();
     else if (file.size() == 0)
@@ -44,12 +50,20 @@ std::optional<QImage> Decode(QByteArray bytes, std::string& strReason)
     QImageReader::setAllocationLimit(MOST_MEGABYTES);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
+    if (reader.format() != "jpeg" && reader.format() != "png")
+    {
+        strReason = "is not a JPEG or PNG picture";
+        return std::nullopt;
+    }
+    if (qint64{reader.size().width()} * reader.size().height() > MOST_PIXELS)
+    {
+        strReason = "is too large: a picture has at most 536 million pixels";
+        return std::nullopt;
+    }
     QImage image = reader.read();
     if (!image.isNull())
         return image;
-    strReason = reader.error() == QImageReader::UnsupportedFormatError
-                    ? "is not a picture that can be read"
-                    : "is broken: " + reader.errorString().toStdString();
+    strReason = "is broken: " + reader.errorString().toStdString();
     return std::nullopt;
 }
 
@@ -73,6 +87,7 @@ CPhoto::CPhoto(int cx, int cy) : m_vPixels(static_cast<std::size_t>(cx) * cy * 4
     m_info.bmiHeader.biHeight = cy;
     m_info.bmiHeader.biPlanes = 1;
     m_info.bmiHeader.biBitCount = 32;
+    m_info.bmiHeader.biSizeImage = static_cast<DWORD>(m_vPixels.size());
 }
 
 std::optional<CPhoto> CPhoto::Load(const std::string& strPath, std::string& strError)

@@ -1,6 +1,7 @@
 #include "view/Pixtane.h"
 
 #include "view/Module.h"
+#include "view/Notifications.h"
 
 namespace Pixtane
 {
@@ -30,6 +31,21 @@ ON_WM_ERASEBKGND()
 ON_WM_PAINT()
 ON_WM_HSCROLL()
 ON_WM_VSCROLL()
+ON_WM_SETCURSOR()
+ON_WM_TIMER()
+ON_WM_DESTROY()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_WM_RBUTTONDOWN()
+ON_WM_RBUTTONUP()
+ON_WM_LBUTTONDBLCLK()
+ON_WM_MOUSEMOVE()
+ON_WM_MOUSEWHEEL()
+ON_WM_KEYDOWN()
+ON_WM_KEYUP()
+ON_WM_SYSKEYDOWN()
+ON_WM_SYSKEYUP()
+ON_WM_CAPTURECHANGED()
 ON_WM_SIZE()
 END_MESSAGE_MAP()
 
@@ -90,6 +106,8 @@ int CPixtane::Create(const RECT& rect, CWnd* pParentWnd, UINT nID, DWORD crBackg
     return TRUE;
 }
 
+void CPixtane::OnDestroy() { CUXWnd::OnDestroy(); }
+
 DWORD CPixtane::SetBackgroundColor(DWORD cr)
 {
     const DWORD crOld = m_crBackground;
@@ -109,6 +127,7 @@ void CPixtane::UnlockRedraw()
     m_bRedrawLocked = FALSE;
     Invalidate(FALSE);
     UpdateWindow();
+    NotifyParent(PVN_DISPLAYCHANGED, FALSE);
 }
 
 } // namespace Pixtane

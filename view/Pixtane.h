@@ -23,6 +23,7 @@ class AFX_EXT_CLASS CPixtane : public CUXWnd
 public:
     class IEmbeddedTool;
 
+    static constexpr UINT MAX_TOOLNAME = 100;                 ///< Characters of a tool's name, its end included.
     static constexpr UINT TIMER_DRAWSELECTBOX = 100;          ///< Id of the timer that animates the selection border.
     static constexpr UINT TIMER_DRAWSELECTBOX_INTERVAL = 250; ///< Its period in milliseconds.
     static constexpr UINT MAXREPEAT_DRAWSELECTBOX = 4;        ///< Number of phases of the animation.
@@ -77,7 +78,22 @@ public:
     void ShowScrollBar(int bShow);
 
     HCURSOR GetDefCursor() const { return m_hDefCursor; }
+
+    // ---- the tool
+
+    /// Takes the loaded tool out, if there is one, and hands the view to another: its OnLoad decides. FALSE when it
+    /// refuses, and inside a tool's OnLoad or OnUnload. The tool stays the host's and must be unloaded before it or the
+    /// view goes.
+    int LoadEmbeddedTool(IEmbeddedTool& tool);
+    void UnloadEmbeddedTool();
+
+    /// Calls the loaded tool's Reset.
+    void ResetEmbeddedTool();
     IEmbeddedTool* pEmbeddedTool() const { return m_pEmbeddedTool; }
+
+    /// Sends the parent a WM_NOTIFY of the view (view/Notifications.h) and returns its reply. With bPost nonzero it
+    /// posts one instead and returns 0: the receiver then owns the NMHDR and frees it with delete.
+    LRESULT NotifyParent(UINT code, int bPost);
 
     // ---- zoom and position
 
@@ -152,10 +168,27 @@ public:
     std::vector<BYTE>& vSelectMask_Cur() { return m_vSelectMask_Cur; }
 
 protected:
+    /// Takes arrow keys for the view, also those on their way to a scroll bar, with the scroll flag as Ctrl says.
+    int PreTranslateMessage(MSG* pMsg) override;
     virtual void OnPaint();
     virtual void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     virtual void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     BOOL OnEraseBkgnd(CDC* pDC);
+    BOOL OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message);
+    void OnTimer(UINT_PTR nIDEvent);
+    void OnDestroy();
+    void OnLButtonDown(UINT nFlags, CPoint point);
+    void OnLButtonUp(UINT nFlags, CPoint point);
+    void OnRButtonDown(UINT nFlags, CPoint point);
+    void OnRButtonUp(UINT nFlags, CPoint point);
+    void OnLButtonDblClk(UINT nFlags, CPoint point);
+    void OnMouseMove(UINT nFlags, CPoint point);
+    BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
+    void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void OnSysKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void OnCaptureChanged(CWnd* pWnd);
     void OnSize(UINT nType, int cx, int cy);
     DECLARE_MESSAGE_MAP()
 
@@ -193,6 +226,9 @@ private:
     void LimitDispPos(int cx, int cy);
     void UpdateScrollInfo(CScrollBar& sb, float fZoomed, int iView, int iPos);
     bool ScrollTarget(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar, int& iTarget);
+
+    bool SwallowsButtonUp();
+    void ScrollByKey(UINT nChar);
 
     DrawRects ComputeDrawRects(const CRect& rcView) const;
     void FillCorner(CDC& dc, const CRect& rcView);
@@ -249,6 +285,9 @@ protected:
     IEmbeddedTool* m_pEmbeddedTool = nullptr;
     HCURSOR m_hDefCursor = nullptr;
     BOOL m_bDblClk = FALSE;
+
+private:
+    bool m_bChangingTool = false; ///< A tool's OnLoad or OnUnload is running.
 };
 
 } // namespace Pixtane

@@ -1,5 +1,7 @@
+#include "view/EmbeddedTool.h"
 #include "view/MainWindow.h"
 #include "view/Module.h"
+#include "view/Notifications.h"
 #include "view/Pixtane.h"
 #include "view/Rounding.h"
 
@@ -25,6 +27,8 @@ int CPixtane::SetZoom(double dbZoom)
     HideScrollBars();
     UpdateDisplay();
     m_bZooming = FALSE;
+    if (m_pEmbeddedTool)
+        m_pEmbeddedTool->OnZoomChanged();
     return TRUE;
 }
 
@@ -40,6 +44,8 @@ int CPixtane::SetDispPosition(int x, int y)
     }
     m_ptDispPos = Gdiplus::Point(x, y);
     UpdateDisplay();
+    if (m_pEmbeddedTool)
+        m_pEmbeddedTool->OnDispPosChanged();
     return TRUE;
 }
 
@@ -88,6 +94,7 @@ void CPixtane::UpdateDisplay()
         m_ptDispPos.Y = RoundHalfAway((m_szZoomed.Height - fViewHeight) * 0.5f);
     Invalidate();
     UpdateWindow();
+    NotifyParent(PVN_DISPLAYCHANGED, FALSE);
 }
 
 void CPixtane::UpdateUI()

@@ -1,4 +1,5 @@
 #include "view/DibSize.h"
+#include "view/EmbeddedTool.h"
 #include "view/MainWindow.h"
 #include "view/Module.h"
 #include "view/Pixtane.h"
@@ -46,8 +47,15 @@ void CPixtane::PaintBackBuffer(CDC& dc, const CRect& rcWindow, CRect& rcView)
 {
     CBrush brBackground(m_crBackground);
     dc.FillRect(&rcWindow, &brBackground);
-    if (m_pBmpData)
-        DrawBitmap(dc, rcView);
+    if (!m_pBmpData)
+        return;
+    IEmbeddedTool* pTool = m_pEmbeddedTool;
+    if (pTool)
+        pTool->OnPrePaint(dc, rcView);
+    DrawBitmap(dc, rcView);
+    // A tool that another took the place of meanwhile did not see the beginning, and gets no end.
+    if (pTool && pTool == m_pEmbeddedTool)
+        pTool->OnPostPaint(dc, rcView);
 }
 
 CPixtane::DrawRects CPixtane::ComputeDrawRects(const CRect& rcView) const

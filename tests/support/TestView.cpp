@@ -2,6 +2,7 @@
 
 #include "base/HandleTable.h"
 
+#include <cstdio>
 #include <cstring>
 
 namespace
@@ -62,6 +63,25 @@ std::uint32_t CTestBitmap::At(int x, int y) const
     return Widened(uValue >> 10 & 31) << 16 | Widened(uValue >> 5 & 31) << 8 | Widened(uValue & 31);
 }
 
+BOOL CTestHost::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* plResult)
+{
+    const NMHDR* pNotify = reinterpret_cast<const NMHDR*>(lParam);
+    EXPECT_EQ(wParam, reinterpret_cast<WPARAM>(pNotify->hwndFrom));
+    char szText[16];
+    std::snprintf(szText, sizeof(szText), "N%x ", pNotify->code);
+    if (pLog)
+        *pLog += szText;
+    *plResult = answer ? answer(pNotify->code) : 0;
+    return TRUE;
+}
+
+LRESULT CTestHost::WindowProc(UINT uMessage, WPARAM wParam, LPARAM lParam)
+{
+    if (uMessage == WM_MOUSEWHEEL && pLog)
+        *pLog += "parent-wheel ";
+    return CWnd::WindowProc(uMessage, wParam, lParam);
+}
+
 void CViewTest::SetUp()
 {
     m_nHandles = winlite::OpenHandleCount();
@@ -77,7 +97,7 @@ void CViewTest::TearDown()
 void CViewTest::Open(int cx, int cy)
 {
     Close();
-    pHost = std::make_unique<CWnd>();
+    pHost = std::make_unique<CTestHost>();
     ASSERT_TRUE(
         pHost->CreateEx(0, AfxRegisterWndClass(0), L"host", WS_VISIBLE, CRect(10, 20, 10 + cx, 20 + cy), nullptr, 0));
     AfxGetThread()->m_pMainWnd = pHost.get();
@@ -85,6 +105,7 @@ void CViewTest::Open(int cx, int cy)
     ASSERT_TRUE(pView->Create(CRect(0, 0, cx, cy), pHost.get(), VIEW_ID, BACKGROUND));
     pView->ShowWindow(SW_SHOW);
     Pump();
+    pHost->pLog = &strLog;
 }
 
 void CViewTest::Close()

@@ -4,8 +4,11 @@
 #include "user/Window.h"
 #include "view/Pixtane.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <ostream>
+#include <string>
+#include <utility>
 
 /// A bitmap that a host would own: bottom-up, any depth, set and read from the top row.
 class CTestBitmap
@@ -47,6 +50,18 @@ protected:
     }
 };
 
+/// The host's window: logs the view's notifications, and answers them.
+class CTestHost : public CWnd
+{
+public:
+    std::string* pLog = nullptr;
+    std::function<LRESULT(UINT uCode)> answer; ///< Called inside each notification.
+
+protected:
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* plResult) override;
+    LRESULT WindowProc(UINT uMessage, WPARAM wParam, LPARAM lParam) override;
+};
+
 /// A shown host window with a shown view in it, cx by cy client pixels, at the window's origin. Checks in the end that
 /// no handle is left open.
 class CViewTest : public testing::Test
@@ -70,7 +85,11 @@ protected:
     static std::uint32_t PixelOf(const winlite::Picture& picture, int x, int y);
 
     std::unique_ptr<CTestView> pView;
-    std::unique_ptr<CWnd> pHost;
+    std::unique_ptr<CTestHost> pHost;
+
+    /// What tools and host were told, in order; taken and emptied by TakeLog.
+    std::string strLog;
+    std::string TakeLog() { return std::exchange(strLog, {}); }
 
 private:
     std::size_t m_nHandles = 0;

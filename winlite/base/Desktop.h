@@ -2,6 +2,7 @@
 
 #include "base/Types.h"
 
+#include <optional>
 #include <span>
 
 namespace winlite
@@ -45,6 +46,15 @@ public:
 
     /// A top-level window was created, shown or hidden, moved or resized, minimised or restored, renamed, or destroyed.
     virtual void WindowChanged(HWND) {}
+
+    /// The program chose another cursor; NULL hides it.
+    virtual void CursorChanged(HCURSOR) {}
+
+    /// Where the pointer is now, in screen coordinates; nothing when the last event is all that is known. Any thread.
+    virtual std::optional<POINT> PointerPosition() { return std::nullopt; }
+
+    /// Whether the left button is down now; nothing when the last event is all that is known. Any thread.
+    virtual std::optional<bool> IsLeftButtonDown() { return std::nullopt; }
 
     /// Something was put into the message queue, or a timer set: the program should fetch messages soon. Any thread.
     virtual void Wake() {}

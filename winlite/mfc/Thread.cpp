@@ -96,4 +96,9 @@ CWinApp::CWinApp()
 
 CWinThread* AfxGetThread() { return t_pThread; }
 
-CWnd* AfxGetMainWnd() { return t_pThread ? t_pThread->m_pMainWnd : nullptr; }
+CWnd* AfxGetMainWnd()
+{
+    if (!t_pThread)
+        return nullptr;
+    return t_pThread->m_pMainWnd ? t_pThread->m_pMainWnd : CWnd::FromHandle(::GetActiveWindow());
+}

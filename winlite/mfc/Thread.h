@@ -44,5 +44,5 @@ public:
 /// The calling thread's object; NULL for a thread that the class library did not start.
 CWinThread* AfxGetThread();
 
-/// The thread's m_pMainWnd; NULL without one.
+/// The thread's m_pMainWnd, or the active window when that is NULL; NULL for a thread without an object.
 CWnd* AfxGetMainWnd();

@@ -126,20 +126,51 @@ LRESULT CWnd::WindowProc(UINT uMessage, WPARAM wParam, LPARAM lParam)
     return OnWndMsg(uMessage, wParam, lParam, &lResult) ? lResult : DefWindowProc(uMessage, wParam, lParam);
 }
 
-BOOL CWnd::OnWndMsg(UINT uMessage, WPARAM wParam, LPARAM lParam, LRESULT* plResult)
+namespace
 {
-    for (const AFX_MSGMAP* pMap = GetMessageMap(); pMap; pMap = pMap->pfnGetBaseMap ? pMap->pfnGetBaseMap() : nullptr)
+
+/// The first entry that fits, in the map of the most derived class, then in its bases'.
+template<class F>
+const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* pMap, F fits)
+{
+    for (; pMap; pMap = pMap->pfnGetBaseMap ? pMap->pfnGetBaseMap() : nullptr)
     {
         for (const AFX_MSGMAP_ENTRY* pEntry = pMap->lpEntries; pEntry->pfnCall; ++pEntry)
         {
-            if (pEntry->nMessage == uMessage)
-            {
-                *plResult = pEntry->pfnCall(*this, wParam, lParam);
-                return TRUE;
-            }
+            if (fits(*pEntry))
+                return pEntry;
         }
     }
-    return FALSE;
+    return nullptr;
+}
+
+} // namespace
+
+BOOL CWnd::OnWndMsg(UINT uMessage, WPARAM wParam, LPARAM lParam, LRESULT* plResult)
+{
+    if (uMessage == WM_NOTIFY)
+        return OnNotify(wParam, lParam, plResult);
+    const AFX_MSGMAP_ENTRY* pEntry =
+        FindEntry(GetMessageMap(), [=](const AFX_MSGMAP_ENTRY& entry) { return entry.nMessage == uMessage; });
+    if (!pEntry)
+        return FALSE;
+    *plResult = pEntry->pfnCall(*this, wParam, lParam);
+    return TRUE;
+}
+
+BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* plResult)
+{
+    const NMHDR* pNotify = reinterpret_cast<const NMHDR*>(lParam);
+    if (!pNotify || !pNotify->hwndFrom)
+        return FALSE;
+    const UINT uId = static_cast<UINT>(::GetDlgCtrlID(pNotify->hwndFrom));
+    const AFX_MSGMAP_ENTRY* pEntry =
+        FindEntry(GetMessageMap(), [=](const AFX_MSGMAP_ENTRY& entry)
+                  { return entry.nMessage == WM_NOTIFY && entry.nCode == pNotify->code && entry.nID == uId; });
+    if (!pEntry)
+        return FALSE;
+    *plResult = pEntry->pfnCall(*this, wParam, lParam);
+    return TRUE;
 }
 
 LRESULT CWnd::DefWindowProc(UINT uMessage, WPARAM wParam, LPARAM lParam)

@@ -49,6 +49,13 @@ public:
     void InvalidateRect(LPCRECT prc, BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, prc, bErase); }
     void ValidateRect(LPCRECT prc) { ::ValidateRect(m_hWnd, prc); }
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
+    /// Each returns the window that had it before.
+    CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
+    CWnd* SetCapture() { return FromHandle(::SetCapture(m_hWnd)); }
+    static CWnd* GetFocus() { return FromHandle(::GetFocus()); }
+    static CWnd* GetCapture() { return FromHandle(::GetCapture()); }
+    BOOL EnableWindow(BOOL bEnable = TRUE) { return ::EnableWindow(m_hWnd, bEnable); }
+
     UINT_PTR SetTimer(UINT_PTR uId, UINT uMs, void* pCallback) { return ::SetTimer(m_hWnd, uId, uMs, pCallback); }
     BOOL KillTimer(UINT_PTR uId) { return ::KillTimer(m_hWnd, uId); }
 
@@ -79,6 +86,9 @@ protected:
     /// Looks the message up in the maps of the class and its bases; TRUE when a handler took it.
     virtual BOOL OnWndMsg(UINT uMessage, WPARAM wParam, LPARAM lParam, LRESULT* plResult);
 
+    /// A control's notification, looked up by its id and code; the id is the control's own, whatever wParam says.
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* plResult);
+
     /// The procedure of the class that this window's one stands before.
     virtual LRESULT DefWindowProc(UINT uMessage, WPARAM wParam, LPARAM lParam);
 
@@ -95,6 +105,21 @@ protected:
     void OnVScroll(UINT, UINT, CScrollBar*) { Default(); }
     void OnTimer(UINT_PTR) { Default(); }
     void OnDestroy() { Default(); }
+    void OnLButtonDown(UINT, CPoint) { Default(); }
+    void OnLButtonUp(UINT, CPoint) { Default(); }
+    void OnLButtonDblClk(UINT, CPoint) { Default(); }
+    void OnRButtonDown(UINT, CPoint) { Default(); }
+    void OnRButtonUp(UINT, CPoint) { Default(); }
+    void OnMouseMove(UINT, CPoint) { Default(); }
+    BOOL OnMouseWheel(UINT, short, CPoint) { return static_cast<BOOL>(Default()); }
+    void OnKeyDown(UINT, UINT, UINT) { Default(); }
+    void OnKeyUp(UINT, UINT, UINT) { Default(); }
+    void OnSysKeyDown(UINT, UINT, UINT) { Default(); }
+    void OnSysKeyUp(UINT, UINT, UINT) { Default(); }
+    BOOL OnSetCursor(CWnd*, UINT, UINT) { return static_cast<BOOL>(Default()); }
+    void OnCaptureChanged(CWnd*) { Default(); }
+    void OnSetFocus(CWnd*) { Default(); }
+    void OnKillFocus(CWnd*) { Default(); }
 
 private:
     void AttachBeforeFirstMessage(HWND hWnd);

@@ -1,5 +1,6 @@
 #include "user/Cursor.h"
 
+#include "base/Desktop.h"
 #include "base/Module.h"
 #include "gdi/Handles.h"
 
@@ -12,6 +13,9 @@ namespace winlite
 
 namespace
 {
+
+// The cursor that is shown. User-interface thread only.
+HCURSOR s_hCursor = nullptr;
 
 constexpr int SYSTEM_CURSORS[] = {32512, 32513, 32514, 32515, 32642, 32643, 32644, 32645, 32646, 32648, 32649};
 
@@ -53,3 +57,13 @@ HCURSOR LoadCursor(HINSTANCE hInstance, LPCWSTR pszName)
     (*pShared)[{hInstance, iId}] = hCursor;
     return hCursor;
 }
+
+HCURSOR SetCursor(HCURSOR hCursor)
+{
+    const HCURSOR hOld = std::exchange(s_hCursor, hCursor);
+    if (hOld != hCursor && HasDesktop())
+        TheDesktop().CursorChanged(hCursor);
+    return hOld;
+}
+
+HCURSOR GetCursor() { return s_hCursor; }

@@ -43,6 +43,36 @@ LRESULT OnWindowPosChanged(HWND hWnd, WPARAM, LPARAM lParam)
     return 0;
 }
 
+LRESULT OnHitTest(HWND, WPARAM, LPARAM) { return HTCLIENT; }
+
+/// A child asks its parent first; then the class's cursor shows over the client area.
+LRESULT OnSetCursor(HWND hWnd, WPARAM wParam, LPARAM lParam)
+{
+    const HWND hParent = ::GetParent(hWnd);
+    if (hParent && ::SendMessage(hParent, WM_SETCURSOR, wParam, lParam))
+        return TRUE;
+    const auto pWindow = FindWindowObject(hWnd);
+    const HCURSOR hCursor = pWindow ? pWindow->pClass->wndClass.hCursor : nullptr;
+    if (static_cast<SHORT>(LOWORD(static_cast<DWORD_PTR>(lParam))) != HTCLIENT || !hCursor)
+        return FALSE;
+    ::SetCursor(hCursor);
+    return TRUE;
+}
+
+LRESULT OnMouseWheel(HWND hWnd, WPARAM wParam, LPARAM lParam)
+{
+    const HWND hParent = ::GetParent(hWnd);
+    return hParent ? ::SendMessage(hParent, WM_MOUSEWHEEL, wParam, lParam) : 0;
+}
+
+/// Whatever held the mouse gives it up.
+LRESULT OnCancelMode(HWND hWnd, WPARAM, LPARAM)
+{
+    if (::GetCapture() == hWnd)
+        ::ReleaseCapture();
+    return 0;
+}
+
 LRESULT OnClose(HWND hWnd, WPARAM, LPARAM)
 {
     ::DestroyWindow(hWnd);
@@ -59,6 +89,10 @@ const struct
     {WM_ERASEBKGND, &OnEraseBackground},
     {WM_WINDOWPOSCHANGED, &OnWindowPosChanged},
     {WM_CLOSE, &OnClose},
+    {WM_NCHITTEST, &OnHitTest},
+    {WM_SETCURSOR, &OnSetCursor},
+    {WM_MOUSEWHEEL, &OnMouseWheel},
+    {WM_CANCELMODE, &OnCancelMode},
 };
 
 } // namespace

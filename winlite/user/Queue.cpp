@@ -2,6 +2,7 @@
 
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "user/InputQueue.h"
 #include "user/Paint.h"
 #include "user/Timers.h"
 #include "user/Window.h"
@@ -70,12 +71,23 @@ std::optional<MSG> NextQuit(const Filter& filter)
     return msg;
 }
 
-/// The order in which messages come: posted ones, the end, then what is made only when nothing else waits.
+std::optional<MSG> NextInput(const Filter& filter)
+{
+    // What does not pass the filter waits, and all that came after it: input keeps its order.
+    const std::optional<MSG> msg = NextInputMessage(false);
+    if (!msg || !filter.Wants(msg->message) || !PassesFilter(msg->hwnd, filter.hWnd))
+        return std::nullopt;
+    return filter.Takes() ? NextInputMessage(true) : msg;
+}
+
+/// The order in which messages come: posted ones, input, the end, then what is made only when nothing else waits.
 std::optional<MSG> NextMessage(const Filter& filter)
 {
     if (!filter.PaintsOnly())
     {
         if (auto msg = NextPosted(filter))
+            return msg;
+        if (auto msg = NextInput(filter))
             return msg;
         if (auto msg = NextQuit(filter))
             return msg;
@@ -119,7 +131,16 @@ bool PassesFilter(HWND hWnd, HWND hFilter)
 
 void ForgetMessagesOf(HWND hWnd)
 {
-    std::erase_if(TheQueue().vPosted, [hWnd](const MSG& msg) { return msg.hwnd == hWnd; });
+    std::deque<MSG>& vPosted = TheQueue().vPosted;
+    const auto itGone =
+        std::stable_partition(vPosted.begin(), vPosted.end(), [hWnd](const MSG& msg) { return msg.hwnd != hWnd; });
+    for (auto it = itGone; it != vPosted.end(); ++it)
+    {
+        // The receiver of a posted notification owns its record; here it never comes to receive it.
+        if (it->message == WM_NOTIFY)
+            delete reinterpret_cast<NMHDR*>(it->lParam);
+    }
+    vPosted.erase(itGone, vPosted.end());
 }
 
 void SetMessagePump(bool (*pPump)()) { s_pPump = pPump ? pPump : &PumpPlainly; }

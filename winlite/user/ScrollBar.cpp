@@ -1,6 +1,6 @@
 #include "user/ScrollBar.h"
 
-#include "user/ScrollBarLayout.h"
+#include "user/ScrollBarState.h"
 #include "user/WindowObject.h"
 
 #include <algorithm>
@@ -12,99 +12,14 @@ namespace winlite
 namespace
 {
 
-struct State
+std::map<HWND, ScrollBarState>& States()
 {
-    ScrollInfo info;
-    bool bPictureOld = false; ///< Something visible was changed without asking for a repaint.
-};
-
-std::map<HWND, State>& States()
-{
-    static auto* pStates = new std::map<HWND, State>;
+    static auto* pStates = new std::map<HWND, ScrollBarState>;
     return *pStates;
 }
 
-bool HasStyle(HWND hWnd, DWORD dwStyle) { return (::GetWindowLongPtr(hWnd, GWL_STYLE) & dwStyle) != 0; }
-
-ScrollBarLayout LayoutOf(HWND hWnd, const ScrollInfo& info)
-{
-    RECT rcClient = {};
-    ::GetClientRect(hWnd, &rcClient);
-    return {{rcClient.right, rcClient.bottom}, HasStyle(hWnd, SBS_VERT), info};
-}
-
-// ---- drawing
-
-/// A brush that goes with its scope.
-class SolidBrush
-{
-public:
-    explicit SolidBrush(COLORREF cr) : m_hBrush(::CreateSolidBrush(cr)) {}
-    ~SolidBrush() { ::DeleteObject(m_hBrush); }
-    SolidBrush(const SolidBrush&) = delete;
-    SolidBrush& operator=(const SolidBrush&) = delete;
-    operator HBRUSH() const { return m_hBrush; }
-
-private:
-    HBRUSH m_hBrush;
-};
-
-/// An upright rectangle for a vertical bar, and the same lying on its side for a horizontal one.
-RECT Oriented(bool bVertical, int iAlong, int nAlong, int iAcross, int nAcross)
-{
-    return bVertical ? RECT{iAcross, iAlong, iAcross + nAcross, iAlong + nAlong}
-                     : RECT{iAlong, iAcross, iAlong + nAlong, iAcross + nAcross};
-}
-
-/// Draws a triangle in the middle of an arrow's rectangle, a line at a time from its tip. Its height and base have the
-/// parity of the rectangle's sides, so that it stands exactly in the middle.
-void DrawArrow(HDC hDC, const RECT& rc, bool bVertical, bool bMore, HBRUSH hBrush)
-{
-    const int iStart = bVertical ? rc.top : rc.left;
-    const int nAlong = (bVertical ? rc.bottom : rc.right) - iStart;
-    const int nAcross = bVertical ? rc.right : rc.bottom;
-    int nLines = std::min(nAlong, nAcross) * 5 / 17;
-    nLines += (nAlong - nLines) % 2;
-    for (int i = 0; i < nLines; ++i)
-    {
-        const int iLine = iStart + (nAlong - nLines) / 2 + (bMore ? nLines - 1 - i : i);
-        const int nWidth = 2 * i + 2 - nAcross % 2;
-        const RECT rcLine = Oriented(bVertical, iLine, 1, (nAcross - nWidth) / 2, nWidth);
-        ::FillRect(hDC, &rcLine, hBrush);
-    }
-}
-
-void DrawThumb(HDC hDC, RECT rc, bool bVertical)
-{
-    const SolidBrush brush(RGB(0xBC, 0xBC, 0xBC));
-    LONG& iNear = bVertical ? rc.left : rc.top;
-    LONG& iFar = bVertical ? rc.right : rc.bottom;
-    const int nInset = (iFar - iNear) * 2 / 17;
-    iNear += nInset;
-    iFar -= nInset;
-    ::FillRect(hDC, &rc, brush);
-}
-
-void Draw(HDC hDC, HWND hWnd, const ScrollInfo& info)
-{
-    const bool bVertical = HasStyle(hWnd, SBS_VERT);
-    const bool bDisabled = info.IsDisabled() || HasStyle(hWnd, WS_DISABLED);
-    const ScrollBarLayout layout = LayoutOf(hWnd, info);
-    RECT rcClient;
-    ::GetClientRect(hWnd, &rcClient);
-    ::FillRect(hDC, &rcClient, ::GetSysColorBrush(COLOR_SCROLLBAR));
-
-    const SolidBrush brushArrow(bDisabled ? RGB(0xC4, 0xC4, 0xC4) : RGB(0x60, 0x60, 0x60));
-    DrawArrow(hDC, layout.ArrowLess(), bVertical, false, brushArrow);
-    DrawArrow(hDC, layout.ArrowMore(), bVertical, true, brushArrow);
-    if (const auto rcThumb = layout.Thumb(); rcThumb && !bDisabled)
-        DrawThumb(hDC, *rcThumb, bVertical);
-}
-
-// ---- messages
-
 /// A bar with an align style takes the standard thickness along that edge of the rectangle it was given.
-LRESULT OnCreate(HWND hWnd, State&, WPARAM, LPARAM)
+LRESULT OnCreate(HWND hWnd, ScrollBarState&, WPARAM, LPARAM)
 {
     const auto pWindow = FindWindowObject(hWnd);
     if (!pWindow || !pWindow->HasStyle(SBS_RIGHTALIGN))
@@ -118,14 +33,14 @@ LRESULT OnCreate(HWND hWnd, State&, WPARAM, LPARAM)
     return 0;
 }
 
-LRESULT OnSetInfo(HWND hWnd, State& state, WPARAM wParam, LPARAM lParam)
+LRESULT OnSetInfo(HWND hWnd, ScrollBarState& state, WPARAM wParam, LPARAM lParam)
 {
     const auto pInfo = reinterpret_cast<const SCROLLINFO*>(lParam);
     if (!pInfo)
         return 0;
     const ScrollInfo infoOld = state.info;
     const int iPosition = state.info.Set(*pInfo);
-    const bool bSameThumb = LayoutOf(hWnd, state.info).HasSameThumb(LayoutOf(hWnd, infoOld));
+    const bool bSameThumb = LayoutOfBar(hWnd, state.info).HasSameThumb(LayoutOfBar(hWnd, infoOld));
     state.bPictureOld |= !bSameThumb || state.info.IsDisabled() != infoOld.IsDisabled();
     if (state.bPictureOld && wParam)
     {
@@ -135,7 +50,7 @@ LRESULT OnSetInfo(HWND hWnd, State& state, WPARAM wParam, LPARAM lParam)
     return iPosition;
 }
 
-LRESULT OnGetInfo(HWND, State& state, WPARAM, LPARAM lParam)
+LRESULT OnGetInfo(HWND, ScrollBarState& state, WPARAM, LPARAM lParam)
 {
     const auto pInfo = reinterpret_cast<SCROLLINFO*>(lParam);
     if (!pInfo)
@@ -144,19 +59,19 @@ LRESULT OnGetInfo(HWND, State& state, WPARAM, LPARAM lParam)
     return TRUE;
 }
 
-LRESULT OnPaint(HWND hWnd, State& state, WPARAM, LPARAM)
+LRESULT OnPaint(HWND hWnd, ScrollBarState& state, WPARAM, LPARAM)
 {
     PAINTSTRUCT paint;
     if (const HDC hDC = ::BeginPaint(hWnd, &paint))
-        Draw(hDC, hWnd, state.info);
+        DrawScrollBar(hDC, hWnd, state);
     ::EndPaint(hWnd, &paint);
     return 0;
 }
 
 /// Every pixel is painted, so nothing needs erasing first.
-LRESULT OnEraseBackground(HWND, State&, WPARAM, LPARAM) { return 1; }
+LRESULT OnEraseBackground(HWND, ScrollBarState&, WPARAM, LPARAM) { return 1; }
 
-LRESULT OnNcDestroy(HWND hWnd, State&, WPARAM, LPARAM)
+LRESULT OnNcDestroy(HWND hWnd, ScrollBarState&, WPARAM, LPARAM)
 {
     States().erase(hWnd);
     return 0;
@@ -165,7 +80,7 @@ LRESULT OnNcDestroy(HWND hWnd, State&, WPARAM, LPARAM)
 constexpr struct
 {
     UINT uMessage;
-    LRESULT (*pHandler)(HWND, State&, WPARAM, LPARAM);
+    LRESULT (*pHandler)(HWND, ScrollBarState&, WPARAM, LPARAM);
 } HANDLERS[] = {
     {WM_CREATE, &OnCreate},
     {WM_PAINT, &OnPaint},
@@ -173,20 +88,43 @@ constexpr struct
     {WM_NCDESTROY, &OnNcDestroy},
     {SBM_SETSCROLLINFO, &OnSetInfo},
     {SBM_GETSCROLLINFO, &OnGetInfo},
+    {WM_LBUTTONDOWN, &OnScrollBarPress},
+    {WM_LBUTTONDBLCLK, &OnScrollBarPress},
+    {WM_LBUTTONUP, &OnScrollBarRelease},
+    {WM_MOUSEMOVE, &OnScrollBarMove},
+    {WM_TIMER, &OnScrollBarRepeat},
+    {WM_CAPTURECHANGED, &OnScrollBarCaptureLost},
+    {WM_KEYDOWN, &OnScrollBarKeyDown},
+    {WM_KEYUP, &OnScrollBarKeyUp},
 };
 
 } // namespace
+
+ScrollBarState* FindScrollBarState(HWND hWnd)
+{
+    const auto it = States().find(hWnd);
+    return it == States().end() ? nullptr : &it->second;
+}
+
+bool IsVerticalBar(HWND hWnd) { return (::GetWindowLongPtr(hWnd, GWL_STYLE) & SBS_VERT) != 0; }
+
+ScrollBarLayout LayoutOfBar(HWND hWnd, const ScrollInfo& info)
+{
+    RECT rcClient = {};
+    ::GetClientRect(hWnd, &rcClient);
+    return {{rcClient.right, rcClient.bottom}, IsVerticalBar(hWnd), info};
+}
 
 LRESULT ScrollBarProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
     if (uMessage == WM_NCCREATE)
         States()[hWnd] = {};
-    const auto itState = States().find(hWnd);
+    ScrollBarState* pState = FindScrollBarState(hWnd);
     const auto itHandler =
         std::ranges::find_if(HANDLERS, [&](const auto& entry) { return entry.uMessage == uMessage; });
-    if (itState == States().end() || itHandler == std::end(HANDLERS))
+    if (!pState || itHandler == std::end(HANDLERS))
         return ::DefWindowProc(hWnd, uMessage, wParam, lParam);
-    return itHandler->pHandler(hWnd, itState->second, wParam, lParam);
+    return itHandler->pHandler(hWnd, *pState, wParam, lParam);
 }
 
 void RegisterScrollBarClass()

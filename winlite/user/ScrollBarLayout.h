@@ -39,6 +39,12 @@ public:
 
     /// The position for a thumb that begins so many pixels after the beginning of the shaft; held at the ends.
     int PositionAt(int iThumbOffset) const;
+    int ThumbOffset() const { return m_iThumb; }
+    int Thickness() const { return m_nThickness; }
+
+    /// A point's place along the shaft and across the bar.
+    int AlongShaft(POINT pt) const { return (m_bVertical ? pt.y : pt.x) - m_nArrow; }
+    int Across(POINT pt) const { return m_bVertical ? pt.x : pt.y; }
 
     /// Whether a bar of the same size has its thumb at the same place.
     bool HasSameThumb(const ScrollBarLayout& other) const

@@ -1,5 +1,6 @@
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "user/InputQueue.h"
 #include "user/WindowObject.h"
 
 namespace winlite
@@ -51,8 +52,12 @@ BOOL ShowWindow(HWND hWnd, int iCommand)
     const bool bMinimised = iCommand == SW_MINIMIZE || (iCommand != SW_RESTORE && bWasMinimised);
     if (bVisible != bWasVisible)
         SetVisible(*pWindow, bVisible);
+    if (!bVisible && bWasVisible && ::GetFocus() == hWnd)
+        ::SetFocus(::GetParent(hWnd));
     if (bMinimised != bWasMinimised && ::IsWindow(hWnd))
         SetMinimised(*pWindow, bMinimised);
+    if (bMinimised && !bWasMinimised)
+        MoveFocusFrom(hWnd, nullptr);
     const bool bChanged = bVisible != bWasVisible || bMinimised != bWasMinimised;
     if (bChanged && !pWindow->pParent && HasDesktop() && ::IsWindow(hWnd))
         TheDesktop().WindowChanged(hWnd);

@@ -17,17 +17,39 @@ constexpr UINT WM_PAINT = 0x000F;
 constexpr UINT WM_CLOSE = 0x0010;
 constexpr UINT WM_QUIT = 0x0012;
 constexpr UINT WM_ERASEBKGND = 0x0014;
+constexpr UINT WM_SETFOCUS = 0x0007;
+constexpr UINT WM_KILLFOCUS = 0x0008;
+constexpr UINT WM_ENABLE = 0x000A;
+constexpr UINT WM_CANCELMODE = 0x001F;
+constexpr UINT WM_SETCURSOR = 0x0020;
 constexpr UINT WM_SHOWWINDOW = 0x0018;
 constexpr UINT WM_WINDOWPOSCHANGING = 0x0046;
 constexpr UINT WM_WINDOWPOSCHANGED = 0x0047;
 constexpr UINT WM_NOTIFY = 0x004E;
 constexpr UINT WM_NCCREATE = 0x0081;
 constexpr UINT WM_NCDESTROY = 0x0082;
+constexpr UINT WM_NCHITTEST = 0x0084;
+constexpr UINT WM_KEYDOWN = 0x0100;
+constexpr UINT WM_KEYUP = 0x0101;
+constexpr UINT WM_SYSKEYDOWN = 0x0104;
+constexpr UINT WM_SYSKEYUP = 0x0105;
 constexpr UINT WM_COMMAND = 0x0111;
 constexpr UINT WM_TIMER = 0x0113;
 constexpr UINT WM_HSCROLL = 0x0114;
 constexpr UINT WM_VSCROLL = 0x0115;
+constexpr UINT WM_MOUSEMOVE = 0x0200;
+constexpr UINT WM_LBUTTONDOWN = 0x0201;
+constexpr UINT WM_LBUTTONUP = 0x0202;
+constexpr UINT WM_LBUTTONDBLCLK = 0x0203;
+constexpr UINT WM_RBUTTONDOWN = 0x0204;
+constexpr UINT WM_RBUTTONUP = 0x0205;
+constexpr UINT WM_RBUTTONDBLCLK = 0x0206;
+constexpr UINT WM_MBUTTONDOWN = 0x0207;
+constexpr UINT WM_MBUTTONUP = 0x0208;
+constexpr UINT WM_MBUTTONDBLCLK = 0x0209;
+constexpr UINT WM_MOUSEWHEEL = 0x020A;
 constexpr UINT WM_PARENTNOTIFY = 0x0210;
+constexpr UINT WM_CAPTURECHANGED = 0x0215;
 constexpr UINT WM_USER = 0x0400;
 
 constexpr UINT SBM_SETSCROLLINFO = 0x00E9;
@@ -96,6 +118,48 @@ constexpr WPARAM SIZE_MINIMIZED = 1;
 constexpr UINT PM_NOREMOVE = 0x0000;
 constexpr UINT PM_REMOVE = 0x0001;
 constexpr UINT PM_QS_PAINT = 0x00200000;
+
+constexpr UINT MK_LBUTTON = 0x0001;
+constexpr UINT MK_RBUTTON = 0x0002;
+constexpr UINT MK_SHIFT = 0x0004;
+constexpr UINT MK_CONTROL = 0x0008;
+constexpr UINT MK_MBUTTON = 0x0010;
+constexpr int WHEEL_DELTA = 120;
+
+constexpr int HTTRANSPARENT = -1;
+constexpr int HTNOWHERE = 0;
+constexpr int HTCLIENT = 1;
+
+constexpr UINT VK_LBUTTON = 0x01;
+constexpr UINT VK_RBUTTON = 0x02;
+constexpr UINT VK_MBUTTON = 0x04;
+constexpr UINT VK_BACK = 0x08;
+constexpr UINT VK_TAB = 0x09;
+constexpr UINT VK_RETURN = 0x0D;
+constexpr UINT VK_SHIFT = 0x10;
+constexpr UINT VK_CONTROL = 0x11;
+constexpr UINT VK_MENU = 0x12;
+constexpr UINT VK_ESCAPE = 0x1B;
+constexpr UINT VK_SPACE = 0x20;
+constexpr UINT VK_PRIOR = 0x21;
+constexpr UINT VK_NEXT = 0x22;
+constexpr UINT VK_END = 0x23;
+constexpr UINT VK_HOME = 0x24;
+constexpr UINT VK_LEFT = 0x25;
+constexpr UINT VK_UP = 0x26;
+constexpr UINT VK_RIGHT = 0x27;
+constexpr UINT VK_DOWN = 0x28;
+constexpr UINT VK_DELETE = 0x2E;
+constexpr UINT VK_F1 = 0x70;
+constexpr UINT VK_F10 = 0x79;
+constexpr UINT VK_LSHIFT = 0xA0;
+constexpr UINT VK_RSHIFT = 0xA1;
+constexpr UINT VK_LCONTROL = 0xA2;
+constexpr UINT VK_RCONTROL = 0xA3;
+constexpr UINT VK_LMENU = 0xA4;
+constexpr UINT VK_RMENU = 0xA5;
+constexpr UINT VK_OEM_4 = 0xDB; ///< [
+constexpr UINT VK_OEM_6 = 0xDD; ///< ]
 
 constexpr UINT GW_HWNDNEXT = 2;
 constexpr UINT GW_CHILD = 5;
@@ -267,11 +331,12 @@ HBRUSH GetSysColorBrush(int iIndex);
 /// Calls the window's procedure; 0 for a window that is gone. Asserts on other threads than the window's.
 LRESULT SendMessage(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 
-/// Puts a message into the queue; FALSE for a window that is gone. Any thread.
+/// Puts a message into the queue; FALSE for a window that is gone. A posted WM_NOTIFY carries an NMHDR made with new,
+/// which its receiver deletes; when the window goes before it gets the message, winlite does so. Any thread.
 BOOL PostMessage(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam);
 void PostQuitMessage(int iExitCode);
 
-/// Takes the next message: posted ones, then WM_QUIT, then WM_PAINT, then WM_TIMER; 0 for WM_QUIT. Waits for one
+/// Takes the next message: posted ones, input, WM_QUIT, WM_PAINT, WM_TIMER; 0 for WM_QUIT. Waits for one
 /// through the desktop, after presenting what was drawn. Returns -1 when the desktop says that nothing can come any
 /// more.
 BOOL GetMessage(MSG* pMessage, HWND hWnd, UINT uMin, UINT uMax);
@@ -290,6 +355,42 @@ DWORD GetTickCount(); ///< Milliseconds of the desktop's clock. Any thread.
 /// window is required and there is no callback (pCallback must be NULL).
 UINT_PTR SetTimer(HWND hWnd, UINT_PTR uId, UINT uMs, void* pCallback);
 BOOL KillTimer(HWND hWnd, UINT_PTR uId);
+
+// ---- input
+
+/// The window that gets all mouse messages until it lets go, is destroyed, or loses it; NULL on other threads.
+/// SetCapture returns the window before, and sends it WM_CAPTURECHANGED, also when it is the same one.
+HWND SetCapture(HWND hWnd);
+BOOL ReleaseCapture();
+HWND GetCapture();
+
+/// The window that gets the keys. SetFocus sends WM_KILLFOCUS and WM_SETFOCUS, nothing when the window has it already,
+/// and returns the window before; NULL takes it away. A disabled window does not get it.
+HWND SetFocus(HWND hWnd);
+HWND GetFocus();
+
+/// The top-level window that the desktop says is active; NULL when none is.
+HWND GetActiveWindow();
+
+/// A disabled window gets no mouse and no keys; returns whether it was disabled before.
+BOOL EnableWindow(HWND hWnd, BOOL bEnable);
+BOOL IsWindowEnabled(HWND hWnd);
+
+/// Negative while the key was down after the last input message that was fetched; the low bit toggles with each press.
+SHORT GetKeyState(int iKey);
+
+/// Negative while the key is down now. Any thread.
+SHORT GetAsyncKeyState(int iKey);
+
+/// The pointer in screen coordinates: live where the desktop can tell, otherwise of the last event. Any thread.
+BOOL GetCursorPos(LPPOINT ppt);
+
+/// Sets the cursor that is shown until the next call; NULL hides it. Returns the one before.
+HCURSOR SetCursor(HCURSOR hCursor);
+HCURSOR GetCursor();
+
+/// The visible, enabled window under a point of the screen, children before their parents; NULL when there is none.
+HWND WindowFromPoint(POINT pt);
 
 // ---- painting
 

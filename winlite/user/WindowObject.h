@@ -40,7 +40,8 @@ public:
 
     // Top-level windows only.
     std::shared_ptr<Surface> pSurface;
-    Region rgnDamage; ///< What was drawn and not yet presented.
+    Region rgnDamage;     ///< What was drawn and not yet presented.
+    HWND hLastFocus = {}; ///< The window in it that had the focus last.
 
     RECT ClientRect() const { return {0, 0, szClient.cx, szClient.cy}; }
     RECT RectInParent() const;

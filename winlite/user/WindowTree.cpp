@@ -1,5 +1,6 @@
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "user/InputQueue.h"
 #include "user/Window.h"
 #include "user/WindowObject.h"
 
@@ -70,6 +71,7 @@ void SendNcDestroyAndRemove(WindowObject& window)
                 SendNcDestroyAndRemove(*pChild);
         }
     }
+    ForgetInputOf(window.hWnd);
     ::SendMessage(window.hWnd, WM_NCDESTROY, 0, 0);
     if (::IsWindow(window.hWnd))
         RemoveWindow(window);

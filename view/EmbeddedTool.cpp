@@ -1,0 +1,25 @@
+#include "view/EmbeddedTool.h"
+
+namespace Pixtane
+{
+
+CPixtane::IEmbeddedTool::IEmbeddedTool() = default;
+CPixtane::IEmbeddedTool::~IEmbeddedTool() = default;
+
+int CPixtane::IEmbeddedTool::OnLoad(CPixtane& view)
+{
+    pView = &view;
+    return TRUE;
+}
+
+int CPixtane::IEmbeddedTool::UnserializeToolSettings(const std::vector<BYTE>& vData)
+{
+    constexpr std::size_t WORD_SIZE = 4;
+    return vData.size() > WORD_SIZE && vData[0] <= uSettingsVersion;
+}
+
+void CPixtane::IEmbeddedTool::Reset() {}
+void CPixtane::IEmbeddedTool::OnZoomChanged() {}
+void CPixtane::IEmbeddedTool::OnDispPosChanged() {}
+
+} // namespace Pixtane

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "view/Pixtane.h"
+
+#include <vector>
+
+namespace Pixtane
+{
+
+/// An editing tool that a view hosts. The host owns the tool and hands it to a view with LoadEmbeddedTool; from then on
+/// the view offers it every event before its own handling. Points are window coordinates of the view. Nonzero from a
+/// mouse or key operation means that the event is consumed. The order of the operations is part of the interface. All
+/// calls come on the view's thread.
+class AFX_EXT_CLASS CPixtane::IEmbeddedTool
+{
+public:
+    IEmbeddedTool();
+    IEmbeddedTool(const IEmbeddedTool& other) = default;
+    IEmbeddedTool& operator=(const IEmbeddedTool& other) = default;
+    virtual ~IEmbeddedTool();
+
+    /// The tool's name, lower case with underscores.
+    virtual const wchar_t* GetToolName() = 0;
+
+    /// The tool was handed to the view; zero refuses, and no tool is loaded then.
+    virtual int OnLoad(CPixtane& view);
+
+    /// Writes the settings as 32-bit little-endian words, the version first. Tools without settings leave vData as it
+    /// is.
+    virtual void SerializeToolSettings(std::vector<BYTE>& vData) const = 0;
+
+    /// Takes settings over; FALSE, with nothing changed, when they are not this tool's.
+    virtual int UnserializeToolSettings(const std::vector<BYTE>& vData);
+
+    /// The tool is taken out of the view; the result is ignored.
+    virtual int OnUnload() = 0;
+
+    /// The host asks the tool to give up what it is doing.
+    virtual void Reset();
+
+    /// In every paint with a bitmap: before the bitmap is drawn, and after the bitmap and the selection's border.
+    virtual int OnPrePaint(CDC& dc, CRect& rcView) = 0;
+    virtual int OnPostPaint(CDC& dc, CRect& rcView) = 0;
+
+    /// The pointer is over the view area; nonzero when the tool has set the cursor.
+    virtual int OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message) = 0;
+
+    /// Any timer of the view's window.
+    virtual int OnTimer(UINT_PTR nIDEvent) = 0;
+
+    virtual int OnLButtonDown(UINT nFlags, CPoint point) = 0;
+    virtual int OnLButtonUp(UINT nFlags, CPoint point) = 0;
+    virtual int OnLButtonDblClk(UINT nFlags, CPoint point) = 0;
+    virtual int OnMouseMove(UINT nFlags, CPoint point) = 0;
+
+    /// A wheel step; the point is in screen coordinates.
+    virtual int OnMouseWheel(UINT nFlags, short zDelta, CPoint pt) = 0;
+    virtual int OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) = 0;
+    virtual int OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags) = 0;
+    virtual int OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) = 0;
+    virtual int OnSysKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags) = 0;
+
+    /// The view lost the mouse capture to pWnd (NULL when it was released).
+    virtual int OnCaptureChanged(CWnd* pWnd) = 0;
+
+    /// The zoom, or the display position, has changed and the view is laid out.
+    virtual void OnZoomChanged();
+    virtual void OnDispPosChanged();
+
+protected:
+    wchar_t szToolName[MAX_TOOLNAME];
+    CPixtane* pView = nullptr; ///< The view it is loaded into.
+    UINT uSettingsVersion = 1; ///< Version of the settings this tool writes, and the newest it reads.
+};
+
+} // namespace Pixtane
