@@ -2,6 +2,7 @@
 #include "view/Pixtane.h"
 
 #include <cstring>
+#include <memory>
 #include <new>
 
 namespace Pixtane
@@ -31,9 +32,9 @@ int CPixtane::SetBitmap(BITMAPINFO& info, BYTE* const pData)
     m_iBmpHeight = info.bmiHeader.biHeight;
     std::memcpy(&m_BmpInfo, &info, sizeof(BITMAPINFO));
     m_pBmpData = pData;
-    m_pGdipBitmap = new Gdiplus::Bitmap(&info, pData);
     try
     {
+        m_pGdipBitmap = new Gdiplus::Bitmap(&info, pData);
         if (!m_bNoSelectMask)
         {
             m_iSelectMaskSize = m_iBmpWidth * m_iBmpHeight;
@@ -59,9 +60,10 @@ int CPixtane::UpdateBitmap(BITMAPINFO& info, BYTE* const pData, int bContentChan
         return SetBitmap(info, pData);
     if (pData != m_pBmpData)
     {
+        auto pGdipBitmap = std::make_unique<Gdiplus::Bitmap>(&info, pData);
         m_pBmpData = pData;
         delete m_pGdipBitmap;
-        m_pGdipBitmap = new Gdiplus::Bitmap(&info, pData);
+        m_pGdipBitmap = pGdipBitmap.release();
         m_bCacheDirty = TRUE;
     }
     else if (bContentChanged)

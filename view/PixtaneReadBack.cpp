@@ -9,7 +9,7 @@ namespace
 {
 
 /// The rows of a memory device context's bitmap and its description; FALSE when they cannot be had in full.
-BOOL ReadBits(const CBitmap& bmp, std::vector<BYTE>& vData, BITMAP& bm)
+BOOL ReadBits(CBitmap& bmp, std::vector<BYTE>& vData, BITMAP& bm)
 {
     if (!bmp.GetBitmap(&bm))
         return FALSE;
@@ -30,6 +30,7 @@ BOOL ReadBits(const CBitmap& bmp, std::vector<BYTE>& vData, BITMAP& bm)
 } // namespace
 
 int CPixtane::GetCurDisplayImage(RECT* pRect, std::vector<BYTE>& vData, BITMAPINFO& info)
+try
 {
     if (!pRect || !m_pBmpData || !m_hWnd)
         return FALSE;
@@ -37,12 +38,13 @@ int CPixtane::GetCurDisplayImage(RECT* pRect, std::vector<BYTE>& vData, BITMAPIN
     GetClientRect(&rcView);
     CClientDC dcWindow(this);
     CUXMemDC dcView(dcWindow, rcView.Width(), rcView.Height());
+    // The drawing becomes the cached rendering too: with the background around it, it is what a paint would have made.
+    CBrush brBackground(m_crBackground);
+    dcView.FillRect(&rcView, &brBackground);
     m_bCacheDirty = TRUE;
     const BOOL bDrawn = DrawBitmap(dcView, rcView);
     CRect rcShown;
     rcShown.IntersectRect(m_rcDrawDest, rcView);
-    if (!(rcShown == rcView))
-        m_bCacheDirty = TRUE; // It was made without background, and must never come to the screen.
     if (!bDrawn || rcShown.IsRectEmpty())
         return FALSE;
 
@@ -60,6 +62,11 @@ int CPixtane::GetCurDisplayImage(RECT* pRect, std::vector<BYTE>& vData, BITMAPIN
     info.bmiHeader.biSizeImage = static_cast<DWORD>(vData.size());
     *pRect = rcShown;
     return TRUE;
+}
+catch (CResourceException* pException)
+{
+    pException->Delete(); // No device context of the window was to be had.
+    return FALSE;
 }
 
 DWORD CPixtane::GetPixelRGBValue(const POINT& pt, int bWindowCoords)

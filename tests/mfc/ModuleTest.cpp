@@ -56,7 +56,7 @@ TEST(ModuleTest, AModuleThatRefusesFailsTheStart)
     s_strLog.clear();
     s_bSecondRefuses = true;
     EXPECT_FALSE(AfxWinInit(nullptr, nullptr, nullptr, 0));
-    EXPECT_EQ(s_strLog, "+1+2-1");
+    EXPECT_EQ(s_strLog, "+1+2-2-1");
     s_bSecondRefuses = false;
     AFX_EXTENSION_MODULE state = {};
     EXPECT_FALSE(AfxInitExtensionModule(state, nullptr));

@@ -137,6 +137,30 @@ TEST_F(CoverTest, TheDisplayImageIsWhatTheScreenShowsAndNeverStainsIt)
     }
 }
 
+TEST_F(CoverTest, AReadBackOfAPartOrOfNothingLeavesTheScreenAsItWas)
+{
+    const struct
+    {
+        CSize szImage, szView;
+        int iBitsPixel;
+        double dZoom;
+    } vCases[] = {{{199, 1000}, {117, 200}, 32, 0.5}, {{400, 400}, {100, 100}, 8, 1}};
+    for (const auto& c : vCases)
+    {
+        Open(c.szView.cx, c.szView.cy);
+        CTestBitmap bitmap(c.szImage.cx, c.szImage.cy, c.iBitsPixel);
+        pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+        pView->SetZoom(c.dZoom);
+        const winlite::Picture before = Screen();
+        CRect rc;
+        std::vector<BYTE> vData;
+        BITMAPINFO info;
+        EXPECT_EQ(pView->GetCurDisplayImage(&rc, vData, info), c.iBitsPixel != 8);
+        pView->Invalidate(FALSE);
+        EXPECT_EQ(Screen().vPixels, before.vPixels);
+    }
+}
+
 TEST_F(CoverTest, PixelValuesAreReadFromTheScreen)
 {
     EXPECT_EQ(pView->GetPixelRGBValue(CPoint(5, 5), TRUE), BACKGROUND) << "without a bitmap";

@@ -20,6 +20,7 @@ public:
     int Width() const { return m_cx; }
     int Height() const { return m_cy; }
     int BitsPixel() const { return m_iBitsPixel; }
+    std::ptrdiff_t Stride() const { return m_nStride; } ///< Bytes from a row to the one above it.
     std::size_t Bytes() const { return static_cast<std::size_t>(m_nStride) * m_cy; }
     const BYTE* Row(int y) const { return m_pBits + static_cast<std::size_t>(m_cy - 1 - y) * m_nStride; }
 

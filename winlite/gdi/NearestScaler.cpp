@@ -21,7 +21,7 @@ bool NearestAxis::IsUnscaled() const { return OrderOf(vSource) == Order::Ascendi
 RECT DrawNearest(Surface& surface, const Region& rgnClip, const Dib& dib, const NearestAxis& axisX,
                  const NearestAxis& axisY)
 {
-    const PixelRows rows = {dib.Row(0), dib.Row(1) - dib.Row(0), dib.BitsPixel()};
+    const PixelRows rows = {dib.Row(0), -dib.Stride(), dib.BitsPixel()};
     return DrawRows(surface, rgnClip, rows, axisX, axisY);
 }
 

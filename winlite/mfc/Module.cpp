@@ -32,12 +32,13 @@ BOOL AfxWinInit(HINSTANCE hInstance, HINSTANCE, LPWSTR, int)
     s_hProgram = hInstance;
     for (const winlite::Module* pModule : winlite::RegisteredModules())
     {
+        // A module that refuses is detached too, so that it can undo what it had begun.
+        s_vAttached.push_back(pModule);
         if (!pModule->pEntry(winlite::InstanceOf(*pModule), DLL_PROCESS_ATTACH, nullptr))
         {
             AfxWinTerm();
             return FALSE;
         }
-        s_vAttached.push_back(pModule);
     }
     return TRUE;
 }

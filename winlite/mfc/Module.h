@@ -5,7 +5,7 @@
 #include "user/User.h"
 
 /// Starts the class library: calls every registered module's entry with DLL_PROCESS_ATTACH, in order. The Desktop must
-/// be there, and a CWinApp. FALSE when a module refuses; those attached before it are detached again.
+/// be there, and a CWinApp. FALSE when a module refuses; it and those before it are detached again.
 BOOL AfxWinInit(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPWSTR pszCommandLine, int nCmdShow);
 
 /// Calls the attached modules' entries with DLL_PROCESS_DETACH, the last attached first. After the last window is gone.

@@ -7,6 +7,7 @@
 #include <cassert>
 #include <memory>
 #include <unordered_map>
+#include <utility>
 
 IMPLEMENT_DYNAMIC(CWnd, CObject)
 
@@ -22,6 +23,19 @@ struct CurrentMessage
 };
 
 thread_local CurrentMessage t_Current;
+
+/// Makes a message the current one while it lives, and the one before current again.
+class CurrentMessageScope
+{
+public:
+    explicit CurrentMessageScope(const CurrentMessage& message) : m_Previous(std::exchange(t_Current, message)) {}
+    ~CurrentMessageScope() { t_Current = m_Previous; }
+    CurrentMessageScope(const CurrentMessageScope&) = delete;
+    CurrentMessageScope& operator=(const CurrentMessageScope&) = delete;
+
+private:
+    CurrentMessage m_Previous;
+};
 thread_local std::unordered_map<HWND, CWnd*> t_Permanent;
 thread_local std::unordered_map<HWND, std::unique_ptr<CWnd>> t_Temporary;
 
@@ -192,15 +206,11 @@ void CWnd::OnNcDestroy()
 
 LRESULT AfxCallWndProc(CWnd* pWnd, HWND, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
-    const CurrentMessage previous = t_Current;
-    t_Current = {uMessage, wParam, lParam};
-    LRESULT lResult = 0;
-    if (uMessage == WM_NCDESTROY)
-        pWnd->OnNcDestroy();
-    else
-        lResult = pWnd->WindowProc(uMessage, wParam, lParam);
-    t_Current = previous;
-    return lResult;
+    const CurrentMessageScope scope({uMessage, wParam, lParam});
+    if (uMessage != WM_NCDESTROY)
+        return pWnd->WindowProc(uMessage, wParam, lParam);
+    pWnd->OnNcDestroy();
+    return 0;
 }
 
 LRESULT AfxWndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)

@@ -80,17 +80,20 @@ LRESULT OnScrollBarPress(HWND hWnd, ScrollBarState& state, WPARAM, LPARAM lParam
     state.partHeld = layout.PartAt(state.ptPointer);
     if (state.partHeld == ScrollBarPart::None)
         return 0;
-    ::SetCapture(hWnd);
     ::InvalidateRect(hWnd, nullptr, FALSE);
     if (state.partHeld == ScrollBarPart::Thumb)
     {
         state.iGrabOffset = layout.AlongShaft(state.ptPointer) - layout.ThumbOffset();
         state.iPositionBefore = state.info.Position();
         state.info.SetTrackPosition(state.iPositionBefore);
+        ::SetCapture(hWnd);
         return 0;
     }
+    const int iCode = CodeOf(state.partHeld);
     ::SetTimer(hWnd, REPEAT_TIMER, FIRST_REPEAT_MS, nullptr);
-    SendScroll(hWnd, CodeOf(state.partHeld));
+    ::SetCapture(hWnd); // What loses it may end this bar.
+    if (::IsWindow(hWnd))
+        SendScroll(hWnd, iCode);
     return 0;
 }
 
