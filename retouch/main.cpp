@@ -1,11 +1,14 @@
 #include "headless/HeadlessDesktop.h"
+#include "qt/PixtaneQt.h"
+#include "retouch/MainWindow.h"
 #include "retouch/SamplePicture.h"
 #include "retouch/Tour.h"
 
 #include <filesystem>
 #include <iostream>
 #include <QCommandLineParser>
-#include <QCoreApplication>
+#include <cstdlib>
+#include <QApplication>
 
 namespace
 {
@@ -19,6 +22,16 @@ int Fail(const std::string& strReason)
 std::optional<CPhoto> OpenPhoto(const QStringList& vPaths, std::string& strError)
 {
     return vPaths.isEmpty() ? RenderSamplePicture() : CPhoto::Load(vPaths.front().toStdString(), strError);
+}
+
+int ShowWindow(int argc, char** argv, const QStringList& vPaths)
+{
+    QApplication application(argc, argv);
+    const CPixtaneQt library;
+    CMainWindow window;
+    window.show();
+    window.OpenFile(vPaths.value(0));
+    return QApplication::exec();
 }
 
 int PlayTour(CPhoto& photo, const std::string& strFolder)
@@ -40,23 +53,33 @@ int PlayTour(CPhoto& photo, const std::string& strFolder)
     return 0;
 }
 
+/// The command line, before the kind of application is chosen; ends the program for --help and mistakes.
+void Parse(QCommandLineParser& parser, const QStringList& vArguments)
+{
+    parser.setApplicationDescription("Retouches a photo.");
+    parser.addHelpOption();
+    parser.addOption({"tour", "Plays a session without a display and writes its pictures to <folder>.", "folder"});
+    parser.addPositionalArgument("photo", "A JPEG or PNG file; the bundled sample picture without it.", "[photo]");
+    if (parser.parse(vArguments))
+        return;
+    std::exit(Fail(parser.errorText().toStdString()));
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
+    QCoreApplication::setOrganizationName("pixtane");
+    QCoreApplication::setApplicationName("retouch");
     QCommandLineParser parser;
-    parser.setApplicationDescription("Retouches a photo.");
-    parser.addHelpOption();
-    const QCommandLineOption tour("tour", "Plays a session without a display and writes its pictures to <folder>.",
-                                  "folder");
-    parser.addOption(tour);
-    parser.addPositionalArgument("photo", "A JPEG or PNG file; the bundled sample picture without it.", "[photo]");
-    parser.process(application);
-    if (!parser.isSet(tour))
-        return Fail("there is no window yet: use --tour FOLDER");
+    Parse(parser, QStringList(argv, argv + argc));
+    if (!parser.isSet("tour") && !parser.isSet("help"))
+        return ShowWindow(argc, argv, parser.positionalArguments());
 
+    const QCoreApplication application(argc, argv);
+    if (parser.isSet("help"))
+        parser.showHelp();
     std::string strError;
     std::optional<CPhoto> photo = OpenPhoto(parser.positionalArguments(), strError);
-    return photo ? PlayTour(*photo, parser.value(tour).toStdString()) : Fail(strError);
+    return photo ? PlayTour(*photo, parser.value("tour").toStdString()) : Fail(strError);
 }

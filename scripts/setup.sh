@@ -6,7 +6,7 @@ cd "$(dirname "$0")/.."
 preset=$1
 shift
 
-packages=(g++ cmake ninja-build pkg-config libpixman-1-dev libgtest-dev qt6-base-dev)
+packages=(g++ cmake ninja-build pkg-config libpixman-1-dev libgtest-dev qt6-base-dev libxcb1-dev)
 missing=()
 for package in "${packages[@]}"; do
     [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")

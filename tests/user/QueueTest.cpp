@@ -1,5 +1,7 @@
 #include "Recorder.h"
+#include "user/Input.h"
 
+#include <atomic>
 #include <thread>
 
 using QueueTest = UserTest;
@@ -142,4 +144,49 @@ TEST_F(QueueTest, OtherThreadsMayPostAndInvalidate)
         strPosted += c == 'u' ? "u" : "";
     EXPECT_EQ(strPosted, "uuu");
     EXPECT_FALSE(::GetUpdateRect(hTop, nullptr, FALSE));
+}
+
+TEST_F(QueueTest, AWorkerMaySampleThePointerWhileWindowsComeAndGo)
+{
+    // A brush's worker does this: it looks at pointer and keys, converts, and asks for a repaint.
+    WNDCLASS wndClass = {};
+    wndClass.lpfnWndProc = &::DefWindowProc;
+    wndClass.lpszClassName = L"plain";
+    ::RegisterClass(&wndClass);
+    const HWND hWindow =
+        ::CreateWindowEx(0, L"plain", L"", WS_VISIBLE, 0, 0, 60, 50, nullptr, nullptr, nullptr, nullptr);
+    std::atomic<bool> bStop = false;
+    std::atomic<int> nSamples = 0;
+    std::thread worker(
+        [&]
+        {
+            while (!bStop)
+            {
+                POINT pt;
+                ::GetCursorPos(&pt);
+                ::ScreenToClient(hWindow, &pt);
+                const RECT rc = {pt.x, pt.y, pt.x + 1, pt.y + 1};
+                ::InvalidateRect(hWindow, &rc, FALSE);
+                EXPECT_EQ(::GetCapture(), nullptr);
+                ::GetAsyncKeyState(VK_LBUTTON);
+                ++nSamples;
+            }
+        });
+    for (int i = 0; i < 300 || nSamples < 100; ++i)
+    {
+        winlite::QueuePointerMove(hWindow, {i % 50, i % 40});
+        winlite::QueueButton(hWindow, winlite::MouseButton::Left, i % 2 == 0, {i % 50, i % 40});
+        ::SetCapture(hWindow);
+        const HWND hPassing = ::CreateWindowEx(0, L"SCROLLBAR", L"", WS_CHILD | WS_VISIBLE, 0, 0, 9, 9, hWindow,
+                                               nullptr, nullptr, nullptr);
+        ::MoveWindow(hWindow, i % 7, i % 5, 60 + i % 3, 50, TRUE);
+        desktop.DispatchPending();
+        ::DestroyWindow(hPassing);
+    }
+    ::ReleaseCapture();
+    bStop = true;
+    worker.join();
+    desktop.DispatchPending();
+    EXPECT_FALSE(::GetUpdateRect(hWindow, nullptr, FALSE));
+    ::DestroyWindow(hWindow);
 }

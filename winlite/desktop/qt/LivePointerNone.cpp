@@ -1,0 +1,15 @@
+#include "qtdesktop/LivePointer.h"
+
+namespace winlite
+{
+
+struct LivePointer::Connection
+{
+};
+
+LivePointer::LivePointer() = default;
+LivePointer::~LivePointer() = default;
+
+std::optional<LivePointer::State> LivePointer::Query() { return std::nullopt; }
+
+} // namespace winlite
