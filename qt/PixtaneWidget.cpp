@@ -32,9 +32,10 @@ QPointF MiddleOf(CPoint ptPixel) { return {ptPixel.x + 0.5, ptPixel.y + 0.5}; }
 } // namespace
 
 CPixtaneWidget::CPixtaneWidget(QWidget* pParent)
-    : QWidget(pParent), m_pHost(std::make_unique<CViewHost>(CViewHost::Reports{
-                            [this](UINT uCode) { return OnNotified(uCode); },
-                            [this](int nSteps, CPoint ptWindow) { StepZoom(nSteps, MiddleOf(ptWindow)); }})),
+    : QWidget(pParent),
+      m_pHost(std::make_unique<CViewHost>(CViewHost::Reports{[this](UINT uCode) { return OnNotified(uCode); },
+                                                             [this](int nSteps, CPoint ptWindow)
+                                                             { StepZoom(nSteps, MiddleOf(ptWindow)); }})),
       m_pWindow(new winlite::QtWindow(m_pHost->m_hWnd, this)), m_Anchor(m_pHost->View())
 {
     setAcceptDrops(true);

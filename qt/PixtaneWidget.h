@@ -13,13 +13,14 @@ namespace winlite
 class QtWindow;
 }
 
-/// A widget that shows a Pixtane view: what a Qt program needs to embed one. It owns the view and the view's parent window,
-/// turns the view's notifications into signals, zooms about a point and gathers wheel steps. Positions in signals and
-/// operations are window coordinates of the view in device pixels unless a name says bitmap. GUI thread only.
+/// A widget that shows a Pixtane view: what a Qt program needs to embed one. It owns the view and the view's parent
+/// window, turns the view's notifications into signals, zooms about a point and gathers wheel steps. Positions in
+/// signals and operations are window coordinates of the view in device pixels unless a name says bitmap. GUI thread
+/// only.
 ///
-/// A program makes a CPixtaneQt object (qt/PixtaneQt.h) right after its QApplication, then any number of widgets. A tool that
-/// is still loaded when the widget is destroyed is unloaded then and must live until there. Signals come from inside the
-/// view's notifications, so none may delete the widget.
+/// A program makes a CPixtaneQt object (qt/PixtaneQt.h) right after its QApplication, then any number of widgets. A
+/// tool that is still loaded when the widget is destroyed is unloaded then and must live until there. Signals come from
+/// inside the view's notifications, so none may delete the widget.
 class CPixtaneWidget : public QWidget
 {
     Q_OBJECT
@@ -45,8 +46,8 @@ public:
     /// The middle of the view area.
     QPointF ViewCentre();
 
-    /// Says for which keys (virtual codes) the view goes before the program's shortcuts: those that the loaded tool uses.
-    /// At first it does so for none.
+    /// Says for which keys (virtual codes) the view goes before the program's shortcuts: those that the loaded tool
+    /// uses. At first it does so for none.
     void SetToolKeys(std::function<bool(UINT uKey)> uses);
 
 signals:

@@ -6,8 +6,8 @@
 #include <stdexcept>
 
 BEGIN_MESSAGE_MAP(CViewHost, CWnd)
-    ON_WM_SIZE()
-    ON_WM_SETFOCUS()
+ON_WM_SIZE()
+ON_WM_SETFOCUS()
 END_MESSAGE_MAP()
 
 CViewHost::CViewHost(Reports reports) : m_Reports(std::move(reports))

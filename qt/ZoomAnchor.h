@@ -12,16 +12,18 @@ class CZoomAnchor
 public:
     explicit CZoomAnchor(Pixtane::CPixtane& view) : m_view(view) {}
 
-    /// Sets the zoom so that what is at the window point stays there, as far as the bitmap fills the view. Nothing without
-    /// a bitmap.
+    /// Sets the zoom so that what is at the window point stays there, as far as the bitmap fills the view. Nothing
+    /// without a bitmap.
     void ZoomAbout(double dbZoom, QPointF ptWindow);
 
 private:
+    /// The position zoomed about last, and what the view was left at: when that is not so any more, something else has
+    /// zoomed or scrolled.
     struct Anchor
     {
         QPointF ptWindow;
         QPointF ptBitmap;
-        double dbZoom; ///< What the view was left at: something else has zoomed or scrolled when it is not there any more.
+        double dbZoom;
         CPoint ptDispPos;
     };
 

@@ -6,9 +6,9 @@
 namespace
 {
 
-// Up to 100 % every bitmap pixel's share is simple, from there on whole pixels alternate with halves of the last doubling.
-constexpr double LADDER[] = {MIN_ZOOM, 1.0 / 16, 1.0 / 12, 1.0 / 8, 1.0 / 6, 1.0 / 4, 1.0 / 3, 1.0 / 2, 2.0 / 3, 1,
-                             1.5,      2,        3,        4,       6,       8,       12,      16,      24,      MAX_ZOOM};
+// Below 100 % simple fractions, above it zooms at which bitmap pixels have whole or half sizes.
+constexpr double LADDER[] = {MIN_ZOOM, 1.0 / 16, 1.0 / 12, 1.0 / 8, 1.0 / 6, 1.0 / 4, 1.0 / 3, 1.0 / 2, 2.0 / 3, 1, 1.5,
+                             2,        3,        4,        6,       8,       12,      16,      24,      MAX_ZOOM};
 constexpr int LAST = static_cast<int>(std::size(LADDER)) - 1;
 
 // A zoom this near to a step stands on it.

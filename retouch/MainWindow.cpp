@@ -32,6 +32,7 @@ CMainWindow::CMainWindow() : m_pView(new CPixtaneWidget(this))
     MakeMenus();
     MakeStatusBar();
     connect(m_pView, &CPixtaneWidget::DisplayChanged, this, &CMainWindow::UpdateZoomLabel);
+    connect(m_pView, &CPixtaneWidget::DisplayChanged, this, &CMainWindow::UpdatePointerLabels);
     connect(m_pView, &CPixtaneWidget::MouseMoved, this, &CMainWindow::UpdatePointerLabels);
     connect(m_pView, &CPixtaneWidget::FilesDropped, this,
             [this](const QStringList& vPaths) { OpenFile(vPaths.value(0)); });

@@ -4,11 +4,11 @@
 #include "retouch/SamplePicture.h"
 #include "retouch/Tour.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
-#include <QCommandLineParser>
-#include <cstdlib>
 #include <QApplication>
+#include <QCommandLineParser>
 
 namespace
 {

@@ -1,24 +1,25 @@
+#include "qtdesktop/QtWindow.h"
 #include "qt/PixtaneQt.h"
 #include "qt/PixtaneWidget.h"
 #include "qt/ZoomLadder.h"
-#include "qtdesktop/QtWindow.h"
 #include "user/Window.h"
 #include "view/Notifications.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <QApplication>
-#include <QEventLoop>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
 namespace
 {
 
-constexpr int SIDE = 400;
+constexpr int SIDE = 2000;
 
 /// A widget of odd size at an odd place in a window, with a bitmap whose pixels all differ from their neighbours.
 class CQtWindowTest : public testing::Test
@@ -35,7 +36,8 @@ protected:
         Settle();
         ASSERT_TRUE(widget.View().SetBitmap(info, reinterpret_cast<BYTE*>(vPixels.data())));
         Settle();
-        QObject::connect(&widget, &CPixtaneWidget::Notified, [this](UINT uCode) { strLog += std::to_string(uCode) + " "; });
+        QObject::connect(&widget, &CPixtaneWidget::Notified,
+                         [this](UINT uCode) { strLog += std::to_string(uCode) + " "; });
     }
 
     static void Settle()
@@ -102,7 +104,7 @@ int DifferencesAt(const QImage& image, QPoint ptOffset, const winlite::Picture& 
 
 TEST_F(CQtWindowTest, EveryPixelOfTheWindowIsOneOfTheScreen)
 {
-    for (const double dbZoom : {0.3, 1.0, 3.0})
+    for (const double dbZoom : {0.06, 1.0, 3.0})
     {
         widget.View().SetZoom(dbZoom);
         Settle();
@@ -111,7 +113,7 @@ TEST_F(CQtWindowTest, EveryPixelOfTheWindowIsOneOfTheScreen)
         EXPECT_EQ(picture.cy, qRound(203 * Ratio()));
         EXPECT_EQ(DifferencesAt(Shown().grab().toImage(), QPoint(), picture), 0) << dbZoom;
         const QPoint ptOffset = (QPointF(3, 5) * Ratio()).toPoint();
-        EXPECT_EQ(DifferencesAt(window.grab().toImage(), ptOffset, picture), 0) << dbZoom;
+        EXPECT_EQ(DifferencesAt(window.screen()->grabWindow(window.winId()).toImage(), ptOffset, picture), 0) << dbZoom;
     }
     widget.resize(111, 97);
     EXPECT_EQ(DifferencesAt(Shown().grab().toImage(), QPoint(), winlite::WindowPicture(HostWindow())), 0);
@@ -192,18 +194,17 @@ TEST_F(CQtWindowTest, KeysArriveAsCodesAndAreLetGoWithTheFocus)
 
 TEST_F(CQtWindowTest, ADialogOpenedFromANotificationKeepsTheViewAlive)
 {
-    QEventLoop dialog;
+    bool bInside = false;
     bool bMovedInside = false;
     QObject::connect(&widget, &CPixtaneWidget::Notified,
                      [&](UINT uCode)
                      {
-                         if (uCode == Pixtane::PVN_MOUSEMOVE)
-                         {
-                             bMovedInside = dialog.isRunning();
-                             dialog.quit();
-                         }
-                         if (uCode == Pixtane::PVN_RBUTTONDOWN)
-                             dialog.exec();
+                         bMovedInside |= uCode == Pixtane::PVN_MOUSEMOVE && bInside;
+                         if (uCode != Pixtane::PVN_RBUTTONDOWN)
+                             return;
+                         bInside = true;
+                         Settle(); // What a dialog's loop does.
+                         bInside = false;
                      });
     // Both wait in the queue before the first is dispatched: nothing wakes the dialog's loop any more.
     QMouseEvent press(QEvent::MouseButtonPress, {40, 30}, {40, 30}, Qt::RightButton, Qt::RightButton, Qt::NoModifier);
@@ -218,7 +219,11 @@ TEST_F(CQtWindowTest, ZoomingAboutAPointKeepsItsPixel)
 {
     const CPoint ptWindow(70, 60);
     const QPointF ptMiddle(70.5, 60.5);
-    widget.ZoomAbout(2, widget.ViewCentre());
+    constexpr double START = 1.0 / 3;
+    widget.View().SetZoom(START);
+    widget.View().SetDispPosition(101, 53);
+    widget.ZoomAbout(START, ptMiddle);
+    const CPoint ptStartDisp = DispPos();
     CPoint ptStart = ptWindow;
     widget.View().FromWndToBitmap(ptStart);
     for (int i = 0; i < 40; ++i)
@@ -226,10 +231,13 @@ TEST_F(CQtWindowTest, ZoomingAboutAPointKeepsItsPixel)
         widget.StepZoom(i % 10 < 5 ? 1 : -1, ptMiddle);
         CPoint ptNow = ptWindow;
         widget.View().FromWndToBitmap(ptNow);
-        EXPECT_LE(std::abs(ptNow.x - ptStart.x), 1) << i;
-        EXPECT_LE(std::abs(ptNow.y - ptStart.y), 1) << i;
+        // One pixel of the screen or of the bitmap, whichever is larger.
+        const double dPixel = std::max(1.0, 1 / widget.View().dbZoom());
+        EXPECT_LE(std::abs(ptNow.x - ptStart.x), dPixel) << i;
+        EXPECT_LE(std::abs(ptNow.y - ptStart.y), dPixel) << i;
     }
-    EXPECT_EQ(widget.View().dbZoom(), 2);
+    EXPECT_EQ(widget.View().dbZoom(), START);
+    EXPECT_EQ(DispPos(), ptStartDisp);
 }
 
 TEST_F(CQtWindowTest, FittingShowsTheWholeBitmapWithoutBars)

@@ -169,6 +169,18 @@ TEST_F(InputTest, ArrowsOnTheirWayToAScrollBarAreTheViews)
     EXPECT_EQ(pView->ptDispPos(), Gdiplus::Point(100, 100 + 184)) << "other keys are the bar's";
 }
 
+TEST_F(InputTest, TheWheelOfAnUnfocusedProgramGoesWhereThePointerIs)
+{
+    winlite::QueueActivation(pHost->m_hWnd, false);
+    pView->SetDispPosition(100, 100);
+    user->Settle();
+    strLog.clear();
+    user->Wheel(-120, {2000, 2000});
+    EXPECT_EQ(TakeLog(), "");
+    user->Wheel(-120, {50, 60});
+    EXPECT_EQ(pView->ptDispPos(), Gdiplus::Point(100, 118));
+}
+
 TEST_F(InputTest, TheParentFindsThePointOfTheVeryEvent)
 {
     pView->SetZoom(2);

@@ -128,7 +128,9 @@ std::optional<MSG> MessageFor(const ButtonEvent& event, DWORD uTime)
 
 std::optional<MSG> MessageFor(const WheelEvent& event, DWORD uTime)
 {
-    const HWND hTarget = ::GetFocus();
+    // While no window of the program has the focus, the one under the pointer gets it.
+    const HWND hFocus = ::GetFocus();
+    const HWND hTarget = hFocus ? hFocus : ::WindowFromPoint(event.ptScreen);
     if (!hTarget)
         return std::nullopt;
     StateLock lock;

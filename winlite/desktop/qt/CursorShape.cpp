@@ -19,9 +19,10 @@ struct SystemShape
 };
 
 constexpr SystemShape SYSTEM_SHAPES[] = {
-    {32512, Qt::ArrowCursor},    {32513, Qt::IBeamCursor},     {32514, Qt::WaitCursor},        {32515, Qt::CrossCursor},
-    {32642, Qt::SizeFDiagCursor}, {32643, Qt::SizeBDiagCursor}, {32644, Qt::SizeHorCursor},     {32645, Qt::SizeVerCursor},
-    {32646, Qt::SizeAllCursor},  {32648, Qt::ForbiddenCursor}, {32649, Qt::PointingHandCursor},
+    {32512, Qt::ArrowCursor},     {32513, Qt::IBeamCursor},        {32514, Qt::WaitCursor},
+    {32515, Qt::CrossCursor},     {32642, Qt::SizeFDiagCursor},    {32643, Qt::SizeBDiagCursor},
+    {32644, Qt::SizeHorCursor},   {32645, Qt::SizeVerCursor},      {32646, Qt::SizeAllCursor},
+    {32648, Qt::ForbiddenCursor}, {32649, Qt::PointingHandCursor},
 };
 
 Qt::CursorShape ShapeOf(int iSystemId)

@@ -18,17 +18,17 @@ struct KeyCode
 };
 
 constexpr KeyCode KEY_CODES[] = {
-    {Qt::Key_Left, VK_LEFT, 0x4B, true},        {Qt::Key_Up, VK_UP, 0x48, true},
-    {Qt::Key_Right, VK_RIGHT, 0x4D, true},      {Qt::Key_Down, VK_DOWN, 0x50, true},
-    {Qt::Key_PageUp, VK_PRIOR, 0x49, true},     {Qt::Key_PageDown, VK_NEXT, 0x51, true},
-    {Qt::Key_Home, VK_HOME, 0x47, true},        {Qt::Key_End, VK_END, 0x4F, true},
-    {Qt::Key_Delete, VK_DELETE, 0x53, true},    {Qt::Key_Backspace, VK_BACK, 0x0E, false},
-    {Qt::Key_Tab, VK_TAB, 0x0F, false},         {Qt::Key_Backtab, VK_TAB, 0x0F, false},
-    {Qt::Key_Return, VK_RETURN, 0x1C, false},   {Qt::Key_Enter, VK_RETURN, 0x1C, true},
-    {Qt::Key_Shift, VK_SHIFT, 0x2A, false},     {Qt::Key_Control, VK_CONTROL, 0x1D, false},
-    {Qt::Key_Alt, VK_MENU, 0x38, false},        {Qt::Key_Escape, VK_ESCAPE, 0x01, false},
-    {Qt::Key_Space, VK_SPACE, 0x39, false},     {Qt::Key_BracketLeft, VK_OEM_4, 0x1A, false},
-    {Qt::Key_BraceLeft, VK_OEM_4, 0x1A, false}, {Qt::Key_BracketRight, VK_OEM_6, 0x1B, false},
+    {Qt::Key_Left, VK_LEFT, 0x4B, true},         {Qt::Key_Up, VK_UP, 0x48, true},
+    {Qt::Key_Right, VK_RIGHT, 0x4D, true},       {Qt::Key_Down, VK_DOWN, 0x50, true},
+    {Qt::Key_PageUp, VK_PRIOR, 0x49, true},      {Qt::Key_PageDown, VK_NEXT, 0x51, true},
+    {Qt::Key_Home, VK_HOME, 0x47, true},         {Qt::Key_End, VK_END, 0x4F, true},
+    {Qt::Key_Delete, VK_DELETE, 0x53, true},     {Qt::Key_Backspace, VK_BACK, 0x0E, false},
+    {Qt::Key_Tab, VK_TAB, 0x0F, false},          {Qt::Key_Backtab, VK_TAB, 0x0F, false},
+    {Qt::Key_Return, VK_RETURN, 0x1C, false},    {Qt::Key_Enter, VK_RETURN, 0x1C, true},
+    {Qt::Key_Shift, VK_SHIFT, 0x2A, false},      {Qt::Key_Control, VK_CONTROL, 0x1D, false},
+    {Qt::Key_Alt, VK_MENU, 0x38, false},         {Qt::Key_Escape, VK_ESCAPE, 0x01, false},
+    {Qt::Key_Space, VK_SPACE, 0x39, false},      {Qt::Key_BracketLeft, VK_OEM_4, 0x1A, false},
+    {Qt::Key_BraceLeft, VK_OEM_4, 0x1A, false},  {Qt::Key_BracketRight, VK_OEM_6, 0x1B, false},
     {Qt::Key_BraceRight, VK_OEM_6, 0x1B, false},
 };
 

@@ -71,7 +71,8 @@ void QtDesktop::WindowChanged(HWND hWnd)
 
 void QtDesktop::CursorChanged(HCURSOR hCursor)
 {
-    // There is one cursor for all windows, so all of them show it: it is not told again when the pointer changes windows.
+    // There is one cursor for all windows, so all of them show it: it is not told again when the pointer changes
+    // windows.
     m_Cursor = CursorShape(hCursor, m_dScale);
     for (const auto& [hWnd, pWindow] : m_Windows)
         pWindow->setCursor(m_Cursor);

@@ -17,8 +17,8 @@ namespace winlite
 
 class QtWindow;
 
-/// The screen of a Qt program. Made after its QApplication and destroyed before it, but after the last QtWindow. Qt runs
-/// the event loop: each wake-up dispatches one message, so that winlite lives on in Qt's modal dialogs, too.
+/// The screen of a Qt program. Made after its QApplication and destroyed before it, but after the last QtWindow. Qt
+/// runs the event loop: each wake-up dispatches one message, so that winlite lives on in Qt's modal dialogs, too.
 class QtDesktop : public QObject, public Desktop
 {
 public:

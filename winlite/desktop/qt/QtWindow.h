@@ -13,9 +13,9 @@
 namespace winlite
 {
 
-/// A widget that shows one top-level window: the window has the widget's size in device pixels, each of its pixels is one
-/// of the screen, and it follows the widget's place, visibility and minimising. The widget's input goes to the window.
-/// Horizontal wheel turns and keys without a code are left to the parent widget.
+/// A widget that shows one top-level window: the window has the widget's size in device pixels, each of its pixels is
+/// one of the screen, and it follows the widget's place, visibility and minimising. The widget's input goes to the
+/// window. Horizontal wheel turns and keys without a code are left to the parent widget.
 class QtWindow : public QWidget
 {
 public:

@@ -7,8 +7,8 @@ namespace winlite
 class WheelSteps
 {
 public:
-    /// Adds a turn in 120ths of a notch and returns the whole notches that are full now; the rest waits for more. A change
-    /// of direction drops the rest.
+    /// Adds a turn in 120ths of a notch and returns the whole notches that are full now; the rest waits for more. A
+    /// change of direction drops the rest.
     int Add(int iTurn);
 
 private:

@@ -1,0 +1,225 @@
+#include "qt/PixtaneQt.h"
+#include "qt/PixtaneWidget.h"
+#include "retouch/MainWindow.h"
+#include "user/Window.h"
+
+#include <algorithm>
+#include <functional>
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QProcess>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QWindow>
+
+namespace
+{
+
+/// The program's real window on a real X display, driven by real X events.
+class RealWindowTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        window.move(40, 30);
+        window.resize(801, 603); // odd on purpose
+        window.show();
+        window.OpenFile({});
+        ASSERT_TRUE(WaitFor([this] { return window.windowHandle()->isExposed() && ScreenShowsView(); }));
+        // Without a window manager nobody else gives the window the keys.
+        Xdo({"windowfocus", "--sync", QString::number(window.winId())});
+    }
+
+    /// Runs events until the condition holds; FALSE after a long time.
+    static bool WaitFor(const std::function<bool()>& condition)
+    {
+        constexpr int GENEROUS_MS = 20000;
+        QElapsedTimer timer;
+        for (timer.start(); !condition(); QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20))
+        {
+            if (timer.elapsed() > GENEROUS_MS)
+                return false;
+        }
+        return true;
+    }
+
+    static void Xdo(const QStringList& vArguments)
+    {
+        QProcess process;
+        process.start("xdotool", vArguments);
+        WaitFor([&] { return process.state() == QProcess::NotRunning; });
+        EXPECT_EQ(process.exitCode(), 0) << vArguments.join(' ').toStdString();
+    }
+
+    /// Moves the pointer to a device pixel of the view.
+    void PointTo(int x, int y)
+    {
+        const QPoint ptOrigin = OnScreen();
+        Xdo({"mousemove", QString::number(ptOrigin.x() + x), QString::number(ptOrigin.y() + y)});
+    }
+
+    CPixtaneWidget& Widget() { return *static_cast<CPixtaneWidget*>(window.centralWidget()); }
+    Pixtane::CPixtane& View() { return Widget().View(); }
+    /// Where the view's first pixel is on the X screen. At scale 2 a window manager may put the window between two of
+    /// Qt's pixels, which Qt does not tell: m_ptOffset holds what is missing.
+    QPoint OnScreen()
+    {
+        CPoint pt;
+        View().ClientToScreen(&pt);
+        return QPoint(pt.x, pt.y) + m_ptOffset;
+    }
+
+    static bool Shows(const QImage& screen, const winlite::Picture& picture, QPoint ptOrigin)
+    {
+        if (!picture.cx || !screen.rect().contains(QRect(ptOrigin, QSize(picture.cx, picture.cy))))
+            return false;
+        for (int y = 0; y < picture.cy; ++y)
+        {
+            const auto* pRow = reinterpret_cast<const QRgb*>(screen.constScanLine(ptOrigin.y() + y)) + ptOrigin.x();
+            const std::uint32_t* pWanted = &picture.vPixels[static_cast<std::size_t>(y) * picture.cx];
+            if (!std::equal(pWanted, pWanted + picture.cx, pRow,
+                            [](std::uint32_t a, QRgb b) { return a == (b & 0xFFFFFF); }))
+                return false;
+        }
+        return true;
+    }
+
+    /// Whether the X screen shows exactly what the view's top-level window holds, pixel for pixel.
+    bool ScreenShowsView()
+    {
+        const winlite::Picture picture = winlite::WindowPicture(View().GetParent()->m_hWnd);
+        const QImage screen =
+            QGuiApplication::primaryScreen()->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
+        const QPoint ptTold = OnScreen() - m_ptOffset;
+        for (const QPoint ptOffset : {m_ptOffset, QPoint(0, 0), QPoint(1, 0), QPoint(0, 1), QPoint(1, 1), QPoint(-1, 0),
+                                      QPoint(0, -1), QPoint(-1, -1), QPoint(1, -1), QPoint(-1, 1)})
+        {
+            if (Shows(screen, picture, ptTold + ptOffset))
+            {
+                m_ptOffset = ptOffset;
+                return true;
+            }
+        }
+        return false;
+    }
+    void ExpectShown()
+    {
+        EXPECT_TRUE(WaitFor([this] { return ScreenShowsView(); }));
+    }
+
+    CMainWindow window;
+
+private:
+    QPoint m_ptOffset;
+};
+
+TEST_F(RealWindowTest, TheWheelZoomsAboutThePointerAndScrolls)
+{
+    PointTo(200, 150);
+    Gdiplus::PointF ptAnchor(200.5f, 150.5f);
+    View().FromWndToBitmap(ptAnchor);
+    for (int i = 1; i <= 6; ++i)
+    {
+        const double dbBefore = View().GetZoom();
+        Xdo({"keydown", "ctrl", "click", "4", "keyup", "ctrl"});
+        ASSERT_TRUE(WaitFor([&] { return View().GetZoom() > dbBefore; }));
+    }
+    Gdiplus::PointF ptNow(200.5f, 150.5f);
+    View().FromWndToBitmap(ptNow);
+    EXPECT_NEAR(ptNow.X, ptAnchor.X, 1);
+    EXPECT_NEAR(ptNow.Y, ptAnchor.Y, 1);
+    ExpectShown();
+    const Gdiplus::Point ptBefore = View().ptDispPos();
+    Xdo({"click", "5"});
+    ASSERT_TRUE(WaitFor([&] { return View().ptDispPos().Y > ptBefore.Y; }));
+    ExpectShown();
+}
+
+TEST_F(RealWindowTest, KeysZoomAndScroll)
+{
+    Xdo({"key", "ctrl+1"});
+    ASSERT_TRUE(WaitFor([&] { return View().GetZoom() == 1; }));
+    const Gdiplus::Point ptBefore = View().ptDispPos();
+    Xdo({"key", "ctrl+Right"});
+    Xdo({"key", "ctrl+Down"});
+    ASSERT_TRUE(WaitFor([&] { return View().ptDispPos().X > ptBefore.X && View().ptDispPos().Y > ptBefore.Y; }));
+    ExpectShown();
+    Xdo({"key", "ctrl+0"});
+    ASSERT_TRUE(WaitFor([&] { return View().GetZoom() < 1; }));
+    ExpectShown();
+}
+
+TEST_F(RealWindowTest, TheScrollBarsFollowTheMouse)
+{
+    Widget().ZoomAbout(8, Widget().ViewCentre());
+    CRect rcView;
+    View().GetClientRect(&rcView);
+    const Gdiplus::Point ptBefore = View().ptDispPos();
+    PointTo(rcView.right + 8, rcView.bottom / 2);
+    Xdo({"mousedown", "1"});
+    PointTo(rcView.right + 8, rcView.bottom / 2 + 60);
+    ASSERT_TRUE(WaitFor([&] { return View().ptDispPos().Y > ptBefore.Y; }));
+    Xdo({"mouseup", "1"});
+    ExpectShown();
+    const int yDragged = View().ptDispPos().Y;
+    PointTo(rcView.right / 2, rcView.bottom / 2);
+    EXPECT_EQ(View().ptDispPos().Y, yDragged) << "let go";
+}
+
+TEST_F(RealWindowTest, HoldingAKeyShowsTheOriginal)
+{
+    Xdo({"key", "ctrl+1"});
+    ASSERT_TRUE(WaitFor([&] { return View().GetZoom() == 1; }));
+    const auto before = winlite::WindowPicture(View().GetParent()->m_hWnd).vPixels;
+    const auto shown = [this] { return winlite::WindowPicture(View().GetParent()->m_hWnd).vPixels; };
+    Xdo({"key", "ctrl+shift+l"});
+    ASSERT_TRUE(WaitFor([&] { return shown() != before; }));
+    const auto changed = shown();
+    Xdo({"keydown", "b"});
+    ASSERT_TRUE(WaitFor([&] { return shown() == before; }));
+    ExpectShown();
+    Xdo({"keyup", "b"});
+    ASSERT_TRUE(WaitFor([&] { return shown() == changed; }));
+}
+
+TEST_F(RealWindowTest, ABrokenFileGivesAMessageAndKeepsThePicture)
+{
+    const BYTE* pBefore = View().pBmpData();
+    QString strMessage;
+    QTimer::singleShot(0, &window,
+                       [&]
+                       {
+                           auto* pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                           ASSERT_TRUE(pBox);
+                           strMessage = pBox->text();
+                           pBox->accept();
+                       });
+    window.OpenFile("/no/such/photo.jpg");
+    EXPECT_TRUE(strMessage.contains("/no/such/photo.jpg"));
+    EXPECT_EQ(View().pBmpData(), pBefore);
+    ExpectShown();
+}
+
+TEST_F(RealWindowTest, ResizingKeepsEveryPixelOnAPixel)
+{
+    for (const QSize sz : {QSize(640, 480), QSize(901, 707), QSize(333, 251)})
+    {
+        window.resize(sz);
+        ExpectShown();
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    QTemporaryDir settings; // The recent files of the tests are not the user's.
+    qputenv("XDG_CONFIG_HOME", settings.path().toUtf8());
+    QApplication application(argc, argv);
+    const CPixtaneQt library;
+    return RUN_ALL_TESTS();
+}
