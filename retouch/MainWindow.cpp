@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 
@@ -37,7 +38,7 @@ CMainWindow::CMainWindow() : m_pView(new CPixtaneWidget(this))
     connect(m_pView, &CPixtaneWidget::FilesDropped, this,
             [this](const QStringList& vPaths) { OpenFile(vPaths.value(0)); });
     qApp->installEventFilter(this);
-    resize(1100, 780);
+    resize(QSize(1100, 780).boundedTo(screen()->availableSize()));
 }
 
 CMainWindow::~CMainWindow()

@@ -1,8 +1,11 @@
 #include "retouch/SamplePicture.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <cstdint>
+#include <thread>
+#include <vector>
 
 namespace
 {
@@ -105,18 +108,24 @@ Colour Water(double x, double y)
 Colour Landscape(double x, double y)
 {
     const double dHorizon = HorizonAt(x);
+    const double dWater = SmoothStep(dHorizon - 0.0008, dHorizon + 0.0008, y);
+    if (dWater == 1)
+        return Water(x, y);
     const Colour cLand = Hills(x, y, Sky(x, std::min(y, dHorizon)));
-    return Mix(cLand, Water(x, y), SmoothStep(dHorizon - 0.0008, dHorizon + 0.0008, y));
+    return dWater == 0 ? cLand : Mix(cLand, Water(x, y), dWater);
 }
 
 /// A wall with a window frame at the right edge: flat colours with sharp borders.
+constexpr double WALL_LEFT = 1.30;
+constexpr double WALL_TOP = 0.30;
+bool IsWall(double x, double y) { return x >= WALL_LEFT && y >= WALL_TOP; }
+
 Colour Wall(double x, double y, Colour cBehind)
 {
-    constexpr double EDGE = 1.30;
-    if (x < EDGE || y < 0.30)
+    if (!IsWall(x, y))
         return cBehind;
-    const double u = x - EDGE;
-    const double v = y - 0.30;
+    const double u = x - WALL_LEFT;
+    const double v = y - WALL_TOP;
     if (v < 0.018 || u < 0.014)
         return {0.36, 0.22, 0.16};
     const bool bWindow = u > 0.07 && u < 0.16 && v > 0.10 && v < 0.36;
@@ -167,26 +176,43 @@ Colour Dust(double x, double y, Colour c)
     return c;
 }
 
-Colour Scene(double x, double y) { return Person(x, y, Dust(x, y, Wall(x, y, Landscape(x, y)))); }
+Colour Scene(double x, double y)
+{
+    const Colour cBehind = IsWall(x, y) ? Colour{} : Landscape(x, y);
+    return Person(x, y, Dust(x, y, Wall(x, y, cBehind)));
+}
 
 BYTE Channel(double d, double dGrain) { return static_cast<BYTE>(std::clamp(d * 255 + dGrain, 0.0, 255.0)); }
+
+void RenderRow(CPhoto& photo, int y)
+{
+    BYTE* pPixel = photo.Row(y);
+    for (int x = 0; x < WIDTH; ++x, pPixel += 4)
+    {
+        const Colour c = Scene((x + 0.5) / HEIGHT, (y + 0.5) / HEIGHT);
+        const double dGrain = 7 * (Hash(x + 9000, y) - 0.5);
+        pPixel[0] = Channel(c.b, dGrain);
+        pPixel[1] = Channel(c.g, dGrain);
+        pPixel[2] = Channel(c.r, dGrain);
+    }
+}
 
 } // namespace
 
 CPhoto RenderSamplePicture()
 {
     CPhoto photo(WIDTH, HEIGHT);
-    for (int y = 0; y < HEIGHT; ++y)
+    std::atomic<int> yNext = 0;
+    const auto renderRows = [&]
     {
-        BYTE* pPixel = photo.Row(y);
-        for (int x = 0; x < WIDTH; ++x, pPixel += 4)
-        {
-            const Colour c = Scene((x + 0.5) / HEIGHT, (y + 0.5) / HEIGHT);
-            const double dGrain = 7 * (Hash(x + 9000, y) - 0.5);
-            pPixel[0] = Channel(c.b, dGrain);
-            pPixel[1] = Channel(c.g, dGrain);
-            pPixel[2] = Channel(c.r, dGrain);
-        }
+        for (int y = yNext++; y < HEIGHT; y = yNext++)
+            RenderRow(photo, y);
+    };
+    {
+        std::vector<std::jthread> vWorkers;
+        for (unsigned i = 1; i < std::thread::hardware_concurrency(); ++i)
+            vWorkers.emplace_back(renderRows);
+        renderRows();
     }
     return photo;
 }

@@ -12,7 +12,6 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPixmap>
-#include <QScreen>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
@@ -29,7 +28,7 @@ protected:
     {
         info.bmiHeader = {sizeof(BITMAPINFOHEADER), SIDE, SIDE, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
         for (int i = 0; i < SIDE * SIDE; ++i)
-            vPixels.push_back(static_cast<std::uint32_t>(i * 7919) & 0xFFFFFF);
+            vPixels.push_back(static_cast<std::uint32_t>(i) * 7919u & 0xFFFFFF);
         window.resize(263, 217);
         widget.setGeometry(3, 5, 251, 203);
         window.show();
@@ -109,14 +108,15 @@ TEST_F(CQtWindowTest, EveryPixelOfTheWindowIsOneOfTheScreen)
         widget.View().SetZoom(dbZoom);
         Settle();
         const winlite::Picture picture = winlite::WindowPicture(HostWindow());
-        EXPECT_EQ(picture.cx, qRound(251 * Ratio()));
-        EXPECT_EQ(picture.cy, qRound(203 * Ratio()));
-        EXPECT_EQ(DifferencesAt(Shown().grab().toImage(), QPoint(), picture), 0) << dbZoom;
+        EXPECT_EQ(picture.cx, qRound((3 + 251) * Ratio()) - qRound(3 * Ratio()));
+        EXPECT_EQ(picture.cy, qRound((5 + 203) * Ratio()) - qRound(5 * Ratio()));
         const QPoint ptOffset = (QPointF(3, 5) * Ratio()).toPoint();
-        EXPECT_EQ(DifferencesAt(window.screen()->grabWindow(window.winId()).toImage(), ptOffset, picture), 0) << dbZoom;
+        EXPECT_EQ(DifferencesAt(window.grab().toImage(), ptOffset, picture), 0) << dbZoom;
     }
     widget.resize(111, 97);
-    EXPECT_EQ(DifferencesAt(Shown().grab().toImage(), QPoint(), winlite::WindowPicture(HostWindow())), 0);
+    EXPECT_EQ(DifferencesAt(window.grab().toImage(), (QPointF(3, 5) * Ratio()).toPoint(),
+                            winlite::WindowPicture(HostWindow())),
+              0);
 }
 
 TEST_F(CQtWindowTest, MouseEventsReachTheViewInDevicePixels)
@@ -245,7 +245,7 @@ TEST_F(CQtWindowTest, FittingShowsTheWholeBitmapWithoutBars)
     widget.ZoomToFit();
     CRect rcView;
     widget.View().GetClientRect(&rcView);
-    EXPECT_EQ(rcView.Height(), qRound(203 * Ratio()));
+    EXPECT_EQ(rcView.Height(), winlite::WindowPicture(HostWindow()).cy);
     EXPECT_LE(widget.View().ZoomedSize().Height, static_cast<float>(rcView.Height()) + 0.001f);
 }
 

@@ -152,3 +152,18 @@ TEST_F(PaintTest, OnlyDamageIsPresentedAndOnlyOnceAndOnlyWhenShown)
     desktop.DispatchPending();
     EXPECT_EQ(desktop.PresentCount(hTop), nBefore + 1);
 }
+
+TEST_F(PaintTest, ALongHandlerIsShownAtTheScreensPace)
+{
+    const auto repaint = [this]
+    {
+        ::InvalidateRect(hTop, nullptr, FALSE);
+        ::UpdateWindow(hTop);
+        return desktop.PresentCount(hTop);
+    };
+    desktop.Advance(100);
+    const int nBefore = repaint();
+    EXPECT_EQ(repaint(), nBefore) << "no time has passed";
+    desktop.Advance(16);
+    EXPECT_EQ(repaint(), nBefore + 1);
+}

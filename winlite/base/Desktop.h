@@ -47,6 +47,9 @@ public:
     /// A top-level window was created, shown or hidden, moved or resized, minimised or restored, renamed, or destroyed.
     virtual void WindowChanged(HWND) {}
 
+    /// What was presented must come to the screen now: the program is in a handler that may take long.
+    virtual void ShowPresented() {}
+
     /// The program chose another cursor; NULL hides it.
     virtual void CursorChanged(HCURSOR) {}
 

@@ -3,6 +3,7 @@
 #include "base/Desktop.h"
 #include "base/StateLock.h"
 #include "user/Queue.h"
+#include "user/Window.h"
 #include "user/WindowObject.h"
 
 namespace winlite
@@ -106,8 +107,11 @@ BOOL UpdateWindow(HWND hWnd)
         StateLock lock;
         bDue = pWindow->IsDrawable() && !pWindow->rgnUpdate.IsEmpty();
     }
-    if (bDue)
-        ::SendMessage(hWnd, WM_PAINT, 0, 0);
+    if (!bDue)
+        return TRUE;
+    ::SendMessage(hWnd, WM_PAINT, 0, 0);
+    if (HasDesktop())
+        PresentWithinHandler();
     return TRUE;
 }
 

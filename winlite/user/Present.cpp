@@ -11,6 +11,10 @@ namespace winlite
 namespace
 {
 
+// A screen shows about sixty pictures a second; more often than that nobody sees a difference.
+constexpr std::uint64_t REFRESH_MS = 16;
+std::uint64_t s_uLastPresented = 0;
+
 /// Takes the damage of a window that can be shown; empty otherwise.
 Region TakeDamage(WindowObject& window)
 {
@@ -23,6 +27,7 @@ Region TakeDamage(WindowObject& window)
 
 void PresentDamage()
 {
+    s_uLastPresented = TheDesktop().TickCount();
     std::vector<std::shared_ptr<WindowObject>> vWindows;
     {
         StateLock lock;
@@ -38,6 +43,14 @@ void PresentDamage()
         StateLock::AssertNotHeld();
         TheDesktop().Present(pWindow->hWnd, view, rgnDamage.Rects());
     }
+}
+
+void PresentWithinHandler()
+{
+    if (TheDesktop().TickCount() - s_uLastPresented < REFRESH_MS)
+        return;
+    PresentDamage();
+    TheDesktop().ShowPresented();
 }
 
 Picture WindowPicture(HWND hTopLevel)

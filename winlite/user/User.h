@@ -399,7 +399,8 @@ HWND WindowFromPoint(POINT pt);
 BOOL InvalidateRect(HWND hWnd, const RECT* prc, BOOL bErase);
 BOOL ValidateRect(HWND hWnd, const RECT* prc);
 
-/// Sends WM_PAINT at once when the update region is not empty and the window is visible.
+/// Sends WM_PAINT at once when the update region is not empty and the window is visible. The screen follows when its
+/// refresh interval has passed, so that a long handler shows what it does.
 BOOL UpdateWindow(HWND hWnd);
 
 /// The update region's box; FALSE when it is empty.

@@ -17,6 +17,10 @@ HWND CreateWindowHooked(const CREATESTRUCT& create, const std::function<void(HWN
 /// empty.
 void PresentDamage();
 
+/// The same from inside a handler that has repainted synchronously and may go on for long: when the screen's refresh
+/// interval has passed since the last time, and shown at once.
+void PresentWithinHandler();
+
 /// Milliseconds until the next timer is due; -1 without timers.
 int MsToNextTimer();
 

@@ -63,6 +63,12 @@ void QtDesktop::Present(HWND hWnd, const SurfaceView& picture, std::span<const R
         it->second->Present(picture, vDamage);
 }
 
+void QtDesktop::ShowPresented()
+{
+    for (const auto& [hWnd, pWindow] : m_Windows)
+        pWindow->ShowNow();
+}
+
 void QtDesktop::WindowChanged(HWND hWnd)
 {
     if (!::IsWindow(hWnd))

@@ -29,6 +29,7 @@ public:
     double Scale() override;
     SIZE ScreenSize() override;
     void Present(HWND hWnd, const SurfaceView& picture, std::span<const RECT> vDamage) override;
+    void ShowPresented() override;
     void WindowChanged(HWND hWnd) override;
     void CursorChanged(HCURSOR hCursor) override;
 

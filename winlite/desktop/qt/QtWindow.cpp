@@ -7,7 +7,9 @@
 #include <cmath>
 #include <QPainter>
 #include <QPaintEvent>
+#include <QScopedValueRollback>
 #include <QWindow>
+#include <utility>
 
 namespace winlite
 {
@@ -42,14 +44,23 @@ void QtWindow::Present(const SurfaceView& picture, std::span<const RECT> vDamage
     {
         m_Picture = QImage(picture.cx, picture.cy, QImage::Format_RGB32);
         CopyPixels(picture, {0, 0, picture.cx, picture.cy});
+        m_rgnPresented = rect();
         update();
         return;
     }
     for (const RECT& rc : vDamage)
     {
         CopyPixels(picture, rc);
+        m_rgnPresented += WidgetRectOf(rc);
         update(WidgetRectOf(rc));
     }
+}
+
+void QtWindow::ShowNow()
+{
+    const QRegion rgn = std::exchange(m_rgnPresented, QRegion());
+    if (!rgn.isEmpty() && isVisible() && !m_bPainting)
+        repaint(rgn);
 }
 
 void QtWindow::CopyPixels(const SurfaceView& picture, const RECT& rc)
@@ -66,6 +77,8 @@ void QtWindow::CopyPixels(const SurfaceView& picture, const RECT& rc)
 
 void QtWindow::paintEvent(QPaintEvent* pEvent)
 {
+    const QScopedValueRollback<bool> painting(m_bPainting, true);
+    m_rgnPresented -= pEvent->region();
     QPainter painter(this);
     // Where edges fall between device pixels, Qt may count one more than the picture has.
     if (m_Picture.isNull() || std::floor(devicePixelRatioF()) != devicePixelRatioF())
@@ -106,8 +119,11 @@ QPoint QtWindow::PixelAt(QPointF ptWidget) const
 void QtWindow::FollowPlace()
 {
     const double dRatio = devicePixelRatioF();
-    const QPoint ptOrigin = (QPointF(window()->mapToGlobal(QPoint())) * dRatio).toPoint() + OffsetInTopLevel();
-    const QSize szDevice = (QSizeF(size()) * dRatio).toSize();
+    const QPoint ptOffset = OffsetInTopLevel();
+    const QPoint ptOrigin = (QPointF(window()->mapToGlobal(QPoint())) * dRatio).toPoint() + ptOffset;
+    // Both edges are rounded, not the size: so many device pixels Qt lets the widget paint.
+    const QPoint ptEnd = (QPointF(mapTo(window(), QPoint(width(), height()))) * dRatio).toPoint();
+    const QSize szDevice(ptEnd.x() - ptOffset.x(), ptEnd.y() - ptOffset.y());
     RECT rcNow = {};
     if (!::GetWindowRect(m_hWnd, &rcNow))
         return;

@@ -8,6 +8,7 @@
 #include <map>
 #include <QImage>
 #include <QPointer>
+#include <QRegion>
 #include <QWidget>
 
 namespace winlite
@@ -25,6 +26,9 @@ public:
 
     /// Takes over the damaged parts of the window's picture, and repaints them.
     void Present(const SurfaceView& picture, std::span<const RECT> vDamage);
+
+    /// Paints what was taken over since the last time without waiting for Qt's loop.
+    void ShowNow();
 
     /// Says which keys the window gets even where the program has a shortcut on them. None at first.
     void SetKeyClaim(std::function<bool(const KeyEvent& key)> claims) { m_Claims = std::move(claims); }
@@ -73,6 +77,8 @@ private:
 
     HWND m_hWnd;
     QImage m_Picture;
+    QRegion m_rgnPresented; ///< Of the widget, not yet painted.
+    bool m_bPainting = false;
     QPointer<QWidget> m_pTopLevel;
     Qt::MouseButtons m_Buttons;          ///< Those the window believes to be down,
     std::map<UINT, KeyEvent> m_KeysDown; ///< and the keys.
