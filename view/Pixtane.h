@@ -230,6 +230,10 @@ private:
     bool SwallowsButtonUp();
     void ScrollByKey(UINT nChar);
 
+    /// A key that the tool hears of whatever it answers.
+    using KeyOperation = int (IEmbeddedTool::*)(UINT nChar, UINT nRepCnt, UINT nFlags);
+    void ShowKeyToTool(KeyOperation pOperation, UINT nChar, UINT nRepCnt, UINT nFlags);
+
     DrawRects ComputeDrawRects(const CRect& rcView) const;
     void FillCorner(CDC& dc, const CRect& rcView);
     void PaintBackBuffer(CDC& dc, const CRect& rcWindow, CRect& rcView);

@@ -145,28 +145,25 @@ void CPixtane::ScrollByKey(UINT nChar)
 
 void CPixtane::OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    if (!m_pBmpData)
-        return;
-    if (m_pEmbeddedTool)
-        m_pEmbeddedTool->OnKeyUp(nChar, nRepCnt, nFlags);
-    Default();
+    ShowKeyToTool(&IEmbeddedTool::OnKeyUp, nChar, nRepCnt, nFlags);
 }
 
 void CPixtane::OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
-    if (!m_pBmpData)
-        return;
-    if (m_pEmbeddedTool)
-        m_pEmbeddedTool->OnSysKeyDown(nChar, nRepCnt, nFlags);
-    Default();
+    ShowKeyToTool(&IEmbeddedTool::OnSysKeyDown, nChar, nRepCnt, nFlags);
 }
 
 void CPixtane::OnSysKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags)
 {
+    ShowKeyToTool(&IEmbeddedTool::OnSysKeyUp, nChar, nRepCnt, nFlags);
+}
+
+void CPixtane::ShowKeyToTool(KeyOperation pOperation, UINT nChar, UINT nRepCnt, UINT nFlags)
+{
     if (!m_pBmpData)
         return;
     if (m_pEmbeddedTool)
-        m_pEmbeddedTool->OnSysKeyUp(nChar, nRepCnt, nFlags);
+        (m_pEmbeddedTool->*pOperation)(nChar, nRepCnt, nFlags);
     Default();
 }
 
