@@ -170,19 +170,6 @@ TEST_F(BlitTest, ShrinkingDropsOrMerges)
     EXPECT_EQ(tower.Pixels(), (Picture{0x0C, 0xC0, 0xF0, 0xCC}));
 }
 
-TEST_F(BlitTest, DamageIsWhatWasWrittenInSurfaceCoordinates)
-{
-    Canvas source(4, 4);
-    Canvas dest(10, 10, {3, 2});
-    dest.pDC->SetClip(Region(RECT{0, 0, 2, 5}));
-    BitBlt(dest.hDC, -1, 1, 4, 4, source.hDC, 0, 1, SRCCOPY);
-    EXPECT_EQ(dest.vDamage, (std::vector<RECT>{{3, 3, 5, 6}}));
-    dest.vDamage.clear();
-    EXPECT_FALSE(BitBlt(dest.hDC, 0, 0, 4, 4, source.hDC, 0, 0, 0x00660046));
-    EXPECT_TRUE(BitBlt(dest.hDC, 5, 5, 4, 4, source.hDC, 0, 0, SRCCOPY));
-    EXPECT_TRUE(dest.vDamage.empty());
-}
-
 TEST_F(BlitTest, HugeCoordinatesDoNotOverflow)
 {
     constexpr int MOST = std::numeric_limits<int>::max();

@@ -132,17 +132,6 @@ TEST_F(DibTest, DrawingTakesTheNearestPixels)
     EXPECT_TRUE(canvas.vDamage.empty());
 }
 
-TEST_F(DibTest, AxesMayRepeatAndSkip)
-{
-    const std::uint32_t vBits[] = {1, 2, 3, 4};
-    const auto dib = winlite::Dib::From(Header(4, 1, 32), vBits);
-    winlite::Surface surface(5, 1);
-    const winlite::Region rgnAll(surface.Bounds());
-    const RECT rcDrawn = winlite::DrawNearest(surface, rgnAll, *dib, {1, {0, 0, 2, 3}}, {0, {0}});
-    EXPECT_EQ(rcDrawn, (RECT{1, 0, 5, 1}));
-    EXPECT_EQ(Picture(surface.Pixels(), surface.Pixels() + 5), (Picture{0, 1, 1, 3, 4}));
-}
-
 TEST_F(DibTest, RandomDrawsAgreeWithThePlainRule)
 {
     constexpr int SIZE_OF_CANVAS = 20;

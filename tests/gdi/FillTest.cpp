@@ -118,16 +118,3 @@ TEST_F(FillTest, PatternsRepeatFromTheBrushOrigin)
             }
     }
 }
-
-TEST_F(FillTest, BadArgumentsFailAndTheNullBrushDrawsNothing)
-{
-    Canvas canvas(2, 2);
-    const RECT rc = {0, 0, 2, 2};
-    const auto hNullBrush = static_cast<HBRUSH>(GetStockObject(NULL_BRUSH));
-    const auto hPen = static_cast<HBRUSH>(GetStockObject(BLACK_PEN));
-    EXPECT_TRUE(FillRect(canvas.hDC, &rc, hNullBrush));
-    EXPECT_FALSE(FillRect(canvas.hDC, &rc, hPen));
-    EXPECT_FALSE(FillRect(nullptr, &rc, hNullBrush));
-    EXPECT_FALSE(FillRgn(canvas.hDC, nullptr, hNullBrush));
-    EXPECT_TRUE(canvas.vDamage.empty());
-}

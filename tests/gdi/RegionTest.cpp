@@ -111,19 +111,6 @@ TEST_F(RegionTest, CombiningTellsComplexityAndBox)
     }
 }
 
-TEST_F(RegionTest, TheDestinationMayBeASource)
-{
-    const ScopedRegion rgn(RECT{0, 0, 30, 10});
-    const ScopedRegion rgnOther(RECT{10, 10, 20, 30});
-    EXPECT_EQ(CombineRgn(rgn, rgn, rgnOther, RGN_OR), COMPLEXREGION);
-    EXPECT_EQ(CombineRgn(rgn, rgn, ScopedRegion(RECT{10, 0, 30, 30}), RGN_AND), COMPLEXREGION);
-    EXPECT_EQ(CombineRgn(rgn, rgn, rgn, RGN_AND), COMPLEXREGION);
-    EXPECT_EQ(CombineRgn(rgn, ScopedRegion(RECT{10, 10, 30, 30}), rgn, RGN_AND), SIMPLEREGION);
-    EXPECT_EQ(BoxOf(rgn), (RECT{10, 10, 20, 30}));
-    EXPECT_EQ(CombineRgn(rgn, rgn, rgn, RGN_XOR), NULLREGION);
-    EXPECT_TRUE(EqualRgn(rgn, ScopedRegion(RECT{})));
-}
-
 TEST_F(RegionTest, FailuresLeaveTheDestination)
 {
     const ScopedRegion rgn(RECT{1, 2, 3, 4});
@@ -277,14 +264,4 @@ TEST_F(RegionTest, BandedInputOfAnyGridGivesTheReducedList)
         ASSERT_EQ(std::vector<RECT>(rgn.Rects().begin(), rgn.Rects().end()), BandsOf(grid)) << iRound;
         ASSERT_TRUE(rgn == rgnUnion && rgn.Box() == rgnUnion.Box()) << iRound;
     }
-}
-
-TEST_F(RegionTest, MovesBeyondTheCoordinatesLosePixels)
-{
-    constexpr int MOST = std::numeric_limits<int>::max();
-    Region rgn(RECT{MOST - 10, 0, MOST, 5});
-    rgn.Offset(4, -2);
-    EXPECT_EQ(rgn.Box(), (RECT{MOST - 6, -2, MOST, 3}));
-    rgn.Offset(MOST, 0);
-    EXPECT_TRUE(rgn.IsEmpty());
 }

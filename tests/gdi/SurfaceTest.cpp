@@ -21,21 +21,6 @@ TEST(SurfaceTest, OverwritingKeepsOneColourOutsideOnly)
     }
 }
 
-TEST(SurfaceTest, FillsAndUpdatesAddUp)
-{
-    Surface surface(3, 2);
-    EXPECT_EQ(surface.Pixels()[5], 0u);
-    surface.Fill({-1, -1, 2, 1}, 7);
-    surface.PixelsForUpdate()[5] = 9;
-    surface.PixelsForUpdate()[2] = 9;
-    surface.Fill({2, 0, 3, 1}, 0);
-    EXPECT_EQ(Picture(surface.Pixels(), surface.Pixels() + 6), (Picture{7, 7, 0, 0, 0, 9}));
-    surface.Fill({-5, -5, 5, 5}, 4);
-    surface.Fill({1, 0, 2, 2}, 4);
-    surface.Fill({2, 1, 3, 2}, 5);
-    EXPECT_EQ(Picture(surface.Pixels(), surface.Pixels() + 6), (Picture{4, 4, 4, 4, 4, 5}));
-}
-
 TEST(SurfaceTest, DroppedSurfacesLeaveABoundedPool)
 {
     constexpr std::size_t MOST_KEPT = std::size_t{128} << 20;

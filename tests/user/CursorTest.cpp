@@ -111,21 +111,6 @@ TEST(CursorTest, BrokenFilesAreRefused)
         EXPECT_FALSE(winlite::ReadCursorFile(vFile)) << pszWhat;
 }
 
-TEST(CursorTest, TheImageOf32PixelsIsTaken)
-{
-    Bytes vFile = AlphaFile();
-    Bytes vEntry(vFile.begin() + 6, vFile.begin() + 22);
-    const Bytes vImage(vFile.begin() + 22, vFile.end());
-    vFile = With(vFile, 4, {2});
-    vFile = With(vFile, 18, {38});
-    vEntry = With(vEntry, 0, {32, 32, 0, 0, 0, 0, 1, 0});
-    vEntry = With(vEntry, 12, {static_cast<BYTE>(38 + vImage.size())});
-    vFile.insert(vFile.begin() + 22, vEntry.begin(), vEntry.end());
-    vFile.insert(vFile.end(), vImage.begin(), vImage.end());
-    EXPECT_EQ(winlite::ReadCursorFile(vFile)->ptHotSpot.y, 1);
-    EXPECT_EQ(winlite::ReadCursorFile(With(vFile, 22, {31}))->ptHotSpot.y, 0) << "else the first";
-}
-
 TEST(CursorTest, ResourcesAreFoundByModuleAndNumber)
 {
     static const Bytes s_vCursor = AlphaFile();

@@ -33,27 +33,6 @@ TEST_F(QueueTest, PostedMessagesComeBeforeTheEndThenPaintsThenTimers)
     EXPECT_EQ(::GetMessage(&msg, nullptr, 0, 0), -1) << "nothing can come any more";
 }
 
-TEST_F(QueueTest, FiltersChooseByMessageAndWindow)
-{
-    const HWND hA = Make('A', 0, {0, 0, 2, 2}, hTop);
-    const HWND hOther = Make('Q', 0, {0, 0, 2, 2});
-    ::PostMessage(hTop, WM_USER, 1, 0);
-    ::PostMessage(hA, WM_USER, 2, 0);
-    ::PostMessage(hOther, WM_USER, 3, 0);
-    MSG msg;
-    EXPECT_FALSE(::PeekMessage(&msg, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE));
-    for (const auto& [hFilter, wExpected] : {std::pair(hOther, 3), std::pair(hA, 2), std::pair(hTop, 1)})
-    {
-        EXPECT_TRUE(::PeekMessage(&msg, hFilter, WM_USER, WM_USER, PM_REMOVE));
-        EXPECT_EQ(msg.wParam, static_cast<WPARAM>(wExpected));
-    }
-    ::PostMessage(hA, WM_USER, 4, 0);
-    ::DestroyWindow(hA);
-    ::DestroyWindow(hOther);
-    EXPECT_FALSE(::PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE)) << "messages go with their window";
-    EXPECT_FALSE(::PostMessage(hA, WM_USER, 0, 0));
-}
-
 TEST_F(QueueTest, AskingForPaintsSeesOnlyThemAndClearsNothing)
 {
     const HWND hA = Make('A', WS_VISIBLE, {0, 0, 2, 2}, hTop);
@@ -122,30 +101,6 @@ TEST_F(QueueTest, TimersAreReplacedDoNotPileUpAndAreNeverFasterThan10Ms)
     EXPECT_EQ(::SetTimer(hA, 1, 10, nullptr), 0u);
 }
 
-TEST_F(QueueTest, OtherThreadsMayPostAndInvalidate)
-{
-    std::thread worker(
-        [this]
-        {
-            for (WPARAM w = 0; w < 3; ++w)
-            {
-                ::PostMessage(hTop, WM_USER, w, 0);
-                const LONG iEdge = static_cast<LONG>(w);
-                const RECT rc = {iEdge, iEdge, iEdge + 1, iEdge + 1};
-                ::InvalidateRect(hTop, &rc, FALSE);
-            }
-        });
-    for (int i = 0; i < 100; ++i)
-        winlite::PumpOneMessage();
-    worker.join();
-    desktop.DispatchPending();
-    std::string strPosted;
-    for (const char c : TakeLog())
-        strPosted += c == 'u' ? "u" : "";
-    EXPECT_EQ(strPosted, "uuu");
-    EXPECT_FALSE(::GetUpdateRect(hTop, nullptr, FALSE));
-}
-
 TEST_F(QueueTest, AWorkerMaySampleThePointerWhileWindowsComeAndGo)
 {
     // A brush's worker does this: it looks at pointer and keys, converts, and asks for a repaint.
@@ -169,6 +124,10 @@ TEST_F(QueueTest, AWorkerMaySampleThePointerWhileWindowsComeAndGo)
                 ::InvalidateRect(hWindow, &rc, FALSE);
                 EXPECT_EQ(::GetCapture(), nullptr);
                 ::GetAsyncKeyState(VK_LBUTTON);
+                if (nSamples % 64 == 0)
+                {
+                    EXPECT_TRUE(::PostMessage(hWindow, WM_USER, 0, 0));
+                }
                 ++nSamples;
             }
         });

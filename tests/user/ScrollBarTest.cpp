@@ -75,21 +75,6 @@ TEST(ScrollInfoTest, ValuesAreLimitedToEachOther)
     }
 }
 
-TEST(ScrollInfoTest, OnlyWhatTheMaskNamesIsSetOrRead)
-{
-    ScrollInfo info = Values(0, 100, 11, 40);
-    EXPECT_EQ(info.Set(Info(7, 7, 7, 60, SIF_POS)), 60);
-    EXPECT_EQ(info.Set(Info(7, 7, 61, 7, SIF_PAGE)), 40);
-    EXPECT_EQ(info.Set(Info(0, 70, 7, 7, SIF_RANGE | SIF_TRACKPOS)), 10);
-    SCROLLINFO read = Info(-3, -3, 3, -3, SIF_PAGE);
-    info.Get(read);
-    EXPECT_EQ(std::tuple(read.nMin, read.nMax, read.nPage, read.nPos), std::tuple(-3, -3, 61u, -3));
-    info.SetTrackPosition(5);
-    read.fMask = SIF_ALL;
-    info.Get(read);
-    EXPECT_EQ(std::tuple(read.nPos, read.nTrackPos), std::tuple(10, 5));
-}
-
 TEST(ScrollBarLayoutTest, TheThumbShowsPageAndPosition)
 {
     const struct
@@ -122,21 +107,6 @@ TEST(ScrollBarLayoutTest, TheThumbShowsPageAndPosition)
         EXPECT_EQ(vertical.ArrowMore(), turned(test.rcArrowMore));
         EXPECT_EQ(vertical.Thumb().value_or(RECT{}), turned(test.rcThumb));
     }
-}
-
-TEST(ScrollBarLayoutTest, PointsAndThumbOffsetsAreFoundAgain)
-{
-    const ScrollBarLayout layout({134, 17}, false, Values(0, 99, 25, 30));
-    using enum ScrollBarPart;
-    const std::pair<POINT, ScrollBarPart> vPoints[] = {
-        {{-1, 5}, None},       {{0, 0}, ArrowLess}, {{16, 16}, ArrowLess}, {{17, 5}, ShaftLess},  {{46, 5}, ShaftLess},
-        {{47, 5}, Thumb},      {{71, 5}, Thumb},    {{72, 5}, ShaftMore},  {{116, 5}, ShaftMore}, {{117, 5}, ArrowMore},
-        {{133, 5}, ArrowMore}, {{134, 5}, None},    {{50, -1}, None},      {{50, 17}, None},
-    };
-    for (const auto& [pt, part] : vPoints)
-        EXPECT_EQ(layout.PartAt(pt), part) << pt.x << ", " << pt.y;
-    for (const auto& [iOffset, iPosition] : {std::pair(INT_MIN, 0), {0, 0}, {30, 30}, {75, 75}, {INT_MAX, 75}})
-        EXPECT_EQ(layout.PositionAt(iOffset), iPosition);
 }
 
 TEST_F(ScrollBarTest, AlignedBarsTakeTheStandardThicknessAlongTheirEdge)
