@@ -1,11 +1,8 @@
 #include "Canvas.h"
 
-#include <array>
 #include <limits>
 
-class BitmapTest : public HandleTest
-{
-};
+using BitmapTest = HandleTest;
 
 TEST_F(BitmapTest, CompatibleBitmapsFollowTheirDeviceContext)
 {
@@ -46,21 +43,13 @@ TEST_F(BitmapTest, BitsAreReadFromTheTop)
     const HGDIOBJ hOld = SelectObject(hMemory, hBitmap);
     const RECT rc = {1, 0, 2, 1};
     FillRect(hMemory, &rc, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    const struct
+    Picture picture(4, 0x77777777);
+    EXPECT_EQ(GetBitmapBits(hBitmap, 7, picture.data()), 7);
+    EXPECT_EQ(picture, (Picture{0, 0x77FFFFFF, 0x77777777, 0x77777777}));
+    for (const LONG nBytes : {-1, 99})
     {
-        LONG nBytes, nCopied;
-        std::array<std::uint32_t, 4> vPixels;
-    } vCases[] = {{-1, 16, {0, 0xFFFFFF, 0, 0}},
-                  {99, 16, {0, 0xFFFFFF, 0, 0}},
-                  {7, 7, {0, 0x77FFFFFF, ~0u, ~0u}},
-                  {0, 0, {~0u, ~0u, ~0u, ~0u}}};
-    for (const auto& test : vCases)
-    {
-        std::array<std::uint32_t, 4> vPixels;
-        vPixels.fill(test.nBytes == 7 ? 0x77777777 : ~0u);
-        EXPECT_EQ(GetBitmapBits(hBitmap, test.nBytes, vPixels.data()), test.nCopied);
-        for (std::size_t i = 0; i < static_cast<std::size_t>(test.nCopied + 3) / 4; ++i)
-            EXPECT_EQ(vPixels[i], test.vPixels[i]) << test.nBytes << ": " << i;
+        EXPECT_EQ(GetBitmapBits(hBitmap, nBytes, picture.data()), 16);
+        EXPECT_EQ(picture, (Picture{0, 0xFFFFFF, 0, 0}));
     }
     EXPECT_EQ(SelectObject(hMemory, hOld), hBitmap);
     EXPECT_TRUE(DeleteDC(hMemory) && DeleteObject(hBitmap));
@@ -73,21 +62,19 @@ TEST_F(BitmapTest, ABitmapIsSelectedOnce)
     const HDC hFirst = CreateCompatibleDC(screen.hDC);
     const HDC hSecond = CreateCompatibleDC(screen.hDC);
     const HBITMAP hBitmap = CreateCompatibleBitmap(screen.hDC, 2, 2);
+    const HBITMAP hStock = winlite::StockBitmap();
     EXPECT_EQ(SelectObject(screen.hDC, hBitmap), nullptr);
-    EXPECT_EQ(SelectObject(hFirst, hBitmap), winlite::StockBitmap());
+    EXPECT_EQ(SelectObject(hFirst, hBitmap), hStock);
     EXPECT_EQ(SelectObject(hFirst, hBitmap), hBitmap);
     EXPECT_EQ(SelectObject(hSecond, hBitmap), nullptr);
+    EXPECT_EQ(SelectObject(hSecond, hStock), hStock) << "any number may hold it";
     EXPECT_FALSE(DeleteObject(hBitmap));
-    EXPECT_EQ(SelectObject(hFirst, winlite::StockBitmap()), hBitmap);
-    EXPECT_EQ(SelectObject(hSecond, winlite::StockBitmap()), winlite::StockBitmap()) << "any number may hold it";
-    EXPECT_EQ(SelectObject(hFirst, hBitmap), winlite::StockBitmap());
     EXPECT_EQ(GetPixel(hFirst, 1, 1), 0u);
     EXPECT_EQ(GetPixel(hSecond, 1, 1), CLR_INVALID);
     EXPECT_FALSE(DeleteDC(screen.hDC));
     EXPECT_TRUE(DeleteDC(hFirst));
-    EXPECT_EQ(SelectObject(hSecond, hBitmap), winlite::StockBitmap()) << "deleting its device context set it free";
-    EXPECT_TRUE(DeleteDC(hSecond));
-    EXPECT_TRUE(DeleteObject(hBitmap));
+    EXPECT_EQ(SelectObject(hSecond, hBitmap), hStock) << "deleting its device context set it free";
+    EXPECT_TRUE(DeleteDC(hSecond) && DeleteObject(hBitmap));
     EXPECT_FALSE(DeleteObject(hBitmap) || DeleteDC(hSecond));
     EXPECT_EQ(CreateCompatibleDC(hSecond), nullptr);
 }

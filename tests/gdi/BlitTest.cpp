@@ -19,45 +19,39 @@ std::vector<std::optional<int>> PlainAxis(const Axis& axis, int nDestPixels, int
 {
     const int nDest = std::abs(axis.nDest);
     const int nSource = std::abs(axis.nSource);
-    const bool bMirrorSource = axis.nSource < 0 && axis.nDest > 0;
-    const bool bMirrorDest = axis.nDest < 0 && axis.nSource > 0;
+    const int iDestLow = axis.nDest < 0 ? axis.iDest - nDest + 1 : axis.iDest;
     const int iSourceLow = axis.nSource < 0 ? axis.iSource - nSource + 1 : axis.iSource;
-    std::vector<int> vSteps;
+    std::vector<int> vDests;
     std::vector<int> vSources;
     for (int i = 0; i < nDest; ++i)
     {
         const int iSource = iSourceLow + (2 * i + 1) * nSource / (2 * nDest);
         if (iSource < 0 || iSource >= nSourcePixels)
             continue;
-        vSteps.push_back(i);
+        vDests.push_back(axis.nDest < 0 && axis.nSource > 0 ? axis.iDest - i : iDestLow + i);
         vSources.push_back(iSource);
     }
-    if (bMirrorSource)
+    if (axis.nSource < 0 && axis.nDest > 0)
         std::reverse(vSources.begin(), vSources.end());
     std::vector<std::optional<int>> vResult(static_cast<std::size_t>(nDestPixels));
-    const int iDestLow = axis.nDest < 0 ? axis.iDest - nDest + 1 : axis.iDest;
-    for (std::size_t i = 0; i < vSteps.size(); ++i)
-    {
-        const int iDest = bMirrorDest ? axis.iDest - vSteps[i] : iDestLow + vSteps[i];
-        if (iDest >= 0 && iDest < nDestPixels)
-            vResult[static_cast<std::size_t>(iDest)] = vSources[i];
-    }
+    for (std::size_t i = 0; i < vDests.size(); ++i)
+        if (vDests[i] >= 0 && vDests[i] < nDestPixels)
+            vResult[static_cast<std::size_t>(vDests[i])] = vSources[i];
     return vResult;
 }
 
-/// Copies pixel by pixel; dest and source are square pictures.
-Picture PlainCopy(Picture dest, int nDest, const Picture& source, int nSource, const Axis& x, const Axis& y,
-                  const Region& rgnClip)
+/// Copies pixel by pixel; dest and source are square pictures of one size.
+Picture PlainCopy(Picture dest, const Picture& source, int nSize, const Axis& x, const Axis& y, const Region& rgnClip)
 {
-    const auto vColumns = PlainAxis(x, nDest, nSource);
-    const auto vRows = PlainAxis(y, nDest, nSource);
-    for (std::size_t j = 0; j < vRows.size(); ++j)
-        for (std::size_t i = 0; i < vColumns.size(); ++i)
-        {
-            const POINT pt = {static_cast<LONG>(i), static_cast<LONG>(j)};
-            if (vRows[j] && vColumns[i] && rgnClip.Contains(pt))
-                dest[j * nDest + i] = source[static_cast<std::size_t>(*vRows[j] * nSource + *vColumns[i])];
-        }
+    const auto vColumns = PlainAxis(x, nSize, nSize);
+    const auto vRows = PlainAxis(y, nSize, nSize);
+    for (int i = 0; i < nSize * nSize; ++i)
+    {
+        const auto iColumn = vColumns[static_cast<std::size_t>(i % nSize)];
+        const auto iRow = vRows[static_cast<std::size_t>(i / nSize)];
+        if (iRow && iColumn && rgnClip.Contains({i % nSize, i / nSize}))
+            dest[static_cast<std::size_t>(i)] = source[static_cast<std::size_t>(*iRow * nSize + *iColumn)];
+    }
     return dest;
 }
 
@@ -74,9 +68,7 @@ Axis RollAxis(Dice& dice, int nSize, bool bScale)
 
 } // namespace
 
-class BlitTest : public HandleTest
-{
-};
+using BlitTest = HandleTest;
 
 TEST_F(BlitTest, MirroredCopies)
 {
@@ -101,43 +93,30 @@ TEST_F(BlitTest, MirroredCopies)
     }
 }
 
-TEST_F(BlitTest, AMirroredSourceIsCutBeforeItIsMirrored)
-{
-    Dice dice;
-    const Picture pixels = dice.Pixels(64);
-    Canvas source(8, pixels);
-    Canvas dest(8, 8);
-    StretchBlt(dest.hDC, 0, 0, 8, 8, source.hDC, 2, 2, -8, -8, SRCCOPY);
-    EXPECT_EQ(dest.Pixels()[63], pixels[0]);
-    EXPECT_EQ(dest.Pixels()[5 * 8 + 5], pixels[2 * 8 + 2]);
-    EXPECT_EQ(dest.vDamage, (std::vector<RECT>{{5, 5, 8, 8}}));
-
-    Canvas mirrored(8, 8);
-    StretchBlt(mirrored.hDC, 2, 2, -8, -8, source.hDC, 0, 0, 8, 8, SRCCOPY);
-    EXPECT_EQ(mirrored.Pixels()[2 * 8 + 2], pixels[0]);
-    EXPECT_EQ(mirrored.Pixels()[0], pixels[2 * 8 + 2]);
-}
-
 TEST_F(BlitTest, RandomCopiesAgreeWithThePlainRule)
 {
-    constexpr int SIZE_OF_PICTURE = 12;
+    constexpr int SIZE = 12;
     Dice dice;
     for (int iRound = 0; iRound < 4000; ++iRound)
     {
-        const Picture pixels = dice.Pixels(SIZE_OF_PICTURE * SIZE_OF_PICTURE);
-        Canvas dest(SIZE_OF_PICTURE, dice.Pixels(SIZE_OF_PICTURE * SIZE_OF_PICTURE));
-        Canvas other(SIZE_OF_PICTURE, pixels);
+        const Picture before = dice.Pixels(SIZE * SIZE);
+        Canvas dest(SIZE, before);
+        Canvas other(SIZE, dice.Pixels(SIZE * SIZE));
         Canvas& source = iRound % 3 == 0 ? dest : other;
-        const Region rgnClip = iRound % 2 == 0 ? dice.Region(SIZE_OF_PICTURE) : Region(dest.pSurface->Bounds());
+        const Region rgnClip = iRound % 2 == 0 ? dice.Region(SIZE) : Region(dest.pSurface->Bounds());
         dest.pDC->SetClip(rgnClip);
         SetStretchBltMode(dest.hDC, COLORONCOLOR);
-        const Axis x = RollAxis(dice, SIZE_OF_PICTURE, iRound % 5 == 0);
-        const Axis y = RollAxis(dice, SIZE_OF_PICTURE, iRound % 7 == 0);
-        const Picture expected =
-            PlainCopy(dest.Pixels(), SIZE_OF_PICTURE, source.Pixels(), SIZE_OF_PICTURE, x, y, rgnClip);
+        const Axis x = RollAxis(dice, SIZE, iRound % 5 == 0);
+        const Axis y = RollAxis(dice, SIZE, iRound % 7 == 0);
+        const Picture expected = PlainCopy(before, source.Pixels(), SIZE, x, y, rgnClip);
         StretchBlt(dest.hDC, x.iDest, y.iDest, x.nDest, y.nDest, source.hDC, x.iSource, y.iSource, x.nSource, y.nSource,
                    SRCCOPY);
         ASSERT_EQ(dest.Pixels(), expected) << iRound;
+        const Region rgnDamage = Region::FromRects(dest.vDamage);
+        for (int i = 0; i < SIZE * SIZE; ++i)
+            ASSERT_TRUE(expected[static_cast<std::size_t>(i)] == before[static_cast<std::size_t>(i)] ||
+                        rgnDamage.Contains({i % SIZE, i / SIZE}))
+                << iRound;
     }
 }
 
@@ -162,9 +141,6 @@ TEST_F(BlitTest, ShrinkingDropsOrMerges)
         StretchBlt(dest.hDC, test.cx < 0 ? cx - 1 : 0, 0, test.cx, 1, source.hDC, 0, 0, 4, 1, SRCCOPY);
         EXPECT_EQ(dest.Pixels(), test.expected) << test.cx << ", " << test.iMode;
     }
-    Canvas dest(3, 1); // The source begins outside, and its first pair has one pixel only.
-    StretchBlt(dest.hDC, 0, 0, 3, 1, source.hDC, -1, 0, 6, 1, SRCCOPY);
-    EXPECT_EQ(dest.Pixels(), (Picture{0x0F, 0x3C & 0xF0, 0xCC}));
     Canvas tower(1, {0x0F, 0x3C, 0xF0, 0xCC});
     StretchBlt(tower.hDC, 0, 0, 1, 2, tower.hDC, 0, 0, 1, 4, SRCCOPY);
     EXPECT_EQ(tower.Pixels(), (Picture{0x0C, 0xC0, 0xF0, 0xCC}));

@@ -76,7 +76,6 @@ TEST_F(GdiPlusTest, SourcePixelsAreTakenAtPixelCentres)
         Picture expected; // 4 x 1
     } vCases[] = {
         {{0, 0, 4, 1}, {fScrolled, 5, fScrolled, 1}, {0x501, 0x501, 0x502, 0x502}},
-        {{0, 0, 4, 1}, {8, 0, 4, 1}, {8, 9, 9, 9}},
         {{0, 0, 4, 1}, {-2, -7, 4, 1}, {0, 0, 0, 1}},
         {{-2, 0, 4, 1}, {3, 9, 4, 1}, {0x905, 0x906, 0, 0}},
         {{1.25F, 0, 1.5F, 1}, {0, 0, 3, 1}, {0, 0, 2, 0}},
@@ -99,8 +98,7 @@ TEST_F(GdiPlusTest, WildNumbersAreSafe)
     const REAL fNaN = std::numeric_limits<REAL>::quiet_NaN();
     const REAL fInfinite = std::numeric_limits<REAL>::infinity();
     const REAL fHuge = std::numeric_limits<REAL>::max();
-    const REAL fTiny = std::numeric_limits<REAL>::denorm_min();
-    const REAL vValues[] = {fNaN, fInfinite, -fInfinite, fHuge, -fHuge, fTiny, 0, -1, 3};
+    const REAL vValues[] = {fNaN, fInfinite, -fInfinite, fHuge, -fHuge, 0, -1, 3};
     std::uint32_t vBits[] = {1, 2, 3, 4};
     const BITMAPINFO info = Info(2, 2);
     Bitmap bitmap(&info, vBits);

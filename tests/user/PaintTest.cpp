@@ -67,30 +67,24 @@ TEST_F(PaintTest, HidingUncoversWhatIsBeneath)
     }
 }
 
-TEST_F(PaintTest, ShowingAParentPaintsItsChildren)
+TEST_F(PaintTest, ShowingAndRestoringAParentPaintsItsChildren)
 {
     ::SetWindowLongPtr(hTop, GWL_STYLE, static_cast<LONG_PTR>(WS_POPUP | WS_CLIPCHILDREN));
-    Make('A', WS_VISIBLE, {1, 1, 2, 2}, hTop);
-    EXPECT_FALSE(::IsWindowVisible(::GetWindow(hTop, GW_CHILD)));
+    const HWND hA = Make('A', WS_VISIBLE, {1, 1, 2, 2}, hTop);
+    EXPECT_FALSE(::IsWindowVisible(hA));
     ::ShowWindow(hTop, SW_SHOW);
     desktop.DispatchPending();
     EXPECT_EQ(PictureText(), "PPPPPP|PAAPPP|PAAPPP|PPPPPP");
     ::MoveWindow(hTop, 0, 0, 5, 3, TRUE);
     desktop.DispatchPending();
     EXPECT_EQ(PictureText(), "PPPPP|PAAPP|PAAPP") << "a new size is a new picture";
-}
-
-TEST_F(PaintTest, AMinimisedWindowIsPaintedWhenItComesBack)
-{
-    const HWND hA = Make('A', WS_VISIBLE, {1, 1, 2, 2}, hTop);
-    desktop.DispatchPending();
     TakeLog();
     ::ShowWindow(hTop, SW_MINIMIZE);
     EXPECT_TRUE(::IsIconic(hTop));
     ::InvalidateRect(hA, nullptr, TRUE);
     EXPECT_EQ(LogAfterDispatch(), "Psize0,0");
     ::ShowWindow(hTop, SW_RESTORE);
-    EXPECT_EQ(LogAfterDispatch(), "Psize6,4 Ppaint Perase(0,0,6,4) Apaint Aerase(0,0,2,2)");
+    EXPECT_EQ(LogAfterDispatch(), "Psize5,3 Ppaint Perase(0,0,5,3) Apaint Aerase(0,0,2,2)");
 }
 
 TEST_F(PaintTest, InvalidAreasGatherUntilTheyArePainted)

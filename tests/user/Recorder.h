@@ -83,11 +83,11 @@ private:
     static std::string Describe(UINT uMessage, WPARAM wParam, LPARAM lParam)
     {
         static const std::map<UINT, std::string> s_Names = {
-            {WM_NCCREATE, "nccreate"}, {WM_CREATE, "create"}, {WM_SHOWWINDOW, "show"},
-            {WM_ERASEBKGND, "erase"},  {WM_PAINT, "paint"},   {WM_PARENTNOTIFY, "notify"},
-            {WM_DESTROY, "destroy"},   {WM_USER, "user"},     {WM_WINDOWPOSCHANGING, "changing"},
-            {WM_TIMER, "timer"},       {WM_SIZE, "size"},     {WM_WINDOWPOSCHANGED, "changed"},
-            {WM_MOVE, "move"},         {WM_CLOSE, "close"},   {WM_NCDESTROY, "ncdestroy"},
+            {WM_NCCREATE, "nccreate"}, {WM_CREATE, "create"},       {WM_SHOWWINDOW, "show"},
+            {WM_ERASEBKGND, "erase"},  {WM_PAINT, "paint"},         {WM_PARENTNOTIFY, "notify"},
+            {WM_DESTROY, "destroy"},   {WM_USER, "user"},           {WM_WINDOWPOSCHANGING, "changing"},
+            {WM_TIMER, "timer"},       {WM_SIZE, "size"},           {WM_WINDOWPOSCHANGED, "changed"},
+            {WM_MOVE, "move"},         {WM_NCDESTROY, "ncdestroy"},
         };
         const std::string strName = s_Names.at(uMessage);
         const auto dwPair = static_cast<DWORD_PTR>(lParam);
