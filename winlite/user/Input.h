@@ -38,6 +38,12 @@ void QueueKey(const KeyEvent& key);
 /// gets it again.
 void QueueActivation(HWND hTopLevel, bool bActive);
 
+/// The desktop places, shows (SW_ codes) or enables the window that it shows a top-level window in. These take effect
+/// at once.
+void PlaceTopLevel(HWND hTopLevel, const RECT& rcScreen);
+void ShowTopLevel(HWND hTopLevel, int iShow);
+void EnableTopLevel(HWND hTopLevel, BOOL bEnable);
+
 /// The desktop took the mouse away from the window that had captured it.
 void QueueCaptureLost();
 

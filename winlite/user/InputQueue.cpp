@@ -2,6 +2,7 @@
 
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "user/Journal.h"
 #include "user/KeyState.h"
 
 #include <deque>
@@ -109,7 +110,7 @@ std::optional<MSG> NextInputMessage(bool bTake)
 {
     while (!Peeked())
     {
-        const std::optional<InputEvent> event = TakeOldest();
+        const std::optional<InputEvent> event = TheJournal().OnInput(TakeOldest());
         if (!event)
             return std::nullopt;
         Peeked() = std::visit([&](const auto& what) { return MessageFor(what, event->uTime); }, event->what);

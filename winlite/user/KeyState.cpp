@@ -2,6 +2,7 @@
 
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "user/Journal.h"
 
 #include <optional>
 
@@ -10,6 +11,8 @@ namespace winlite
 
 namespace
 {
+
+constexpr int DOWN = 0x8000; // makes the result negative
 
 constexpr UINT KeyOf(MouseButton button)
 {
@@ -35,7 +38,19 @@ constexpr UINT SidedKey(const KeyEvent& key)
 SHORT StateOf(const KeyState& state, int iKey)
 {
     const UINT uKey = static_cast<UINT>(iKey);
-    return static_cast<SHORT>((state.IsDown(uKey) ? 0x8000 : 0) | (state.IsToggled(uKey) ? 1 : 0));
+    return static_cast<SHORT>((state.IsDown(uKey) ? DOWN : 0) | (state.IsToggled(uKey) ? 1 : 0));
+}
+
+/// What the desktop says of the left button, or the input that arrived.
+SHORT StateNow(int iKey)
+{
+    if (iKey == static_cast<int>(VK_LBUTTON) && HasDesktop())
+    {
+        if (const std::optional<bool> bDown = TheDesktop().IsLeftButtonDown())
+            return static_cast<SHORT>(*bDown ? DOWN : 0);
+    }
+    StateLock lock;
+    return StateOf(ArrivedKeys(), iKey);
 }
 
 } // namespace
@@ -95,11 +110,7 @@ SHORT GetKeyState(int iKey)
 
 SHORT GetAsyncKeyState(int iKey)
 {
-    if (iKey == static_cast<int>(VK_LBUTTON) && HasDesktop())
-    {
-        if (const std::optional<bool> bDown = TheDesktop().IsLeftButtonDown())
-            return static_cast<SHORT>(*bDown ? 0x8000 : 0);
-    }
-    StateLock lock;
-    return StateOf(ArrivedKeys(), iKey);
+    const SHORT iNow = StateNow(iKey);
+    const bool bDown = TheJournal().OnKeyAsked(iKey, iNow < 0);
+    return static_cast<SHORT>((bDown ? DOWN : 0) | (iNow & 1));
 }

@@ -1,6 +1,7 @@
 #include "base/Desktop.h"
 #include "base/StateLock.h"
 #include "user/InputQueue.h"
+#include "user/Journal.h"
 #include "user/KeyState.h"
 #include "user/Window.h"
 #include "user/WindowObject.h"
@@ -158,8 +159,12 @@ HWND WindowFromPoint(POINT pt)
 
 BOOL GetCursorPos(LPPOINT ppt)
 {
-    const std::optional<POINT> ptLive = HasDesktop() ? TheDesktop().PointerPosition() : std::nullopt;
-    StateLock lock;
-    *ppt = ptLive.value_or(LastPointerPosition());
+    std::optional<POINT> ptNow = HasDesktop() ? TheDesktop().PointerPosition() : std::nullopt;
+    if (!ptNow)
+    {
+        StateLock lock;
+        ptNow = LastPointerPosition();
+    }
+    *ppt = TheJournal().OnPointerAsked(*ptNow);
     return TRUE;
 }

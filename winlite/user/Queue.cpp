@@ -3,6 +3,7 @@
 #include "base/Desktop.h"
 #include "base/StateLock.h"
 #include "user/InputQueue.h"
+#include "user/Journal.h"
 #include "user/Paint.h"
 #include "user/Timers.h"
 #include "user/Window.h"
@@ -45,7 +46,7 @@ struct Filter
     bool Takes() const { return (uFlags & PM_REMOVE) != 0; }
 };
 
-std::optional<MSG> NextPosted(const Filter& filter)
+std::optional<MSG> FindPosted(const Filter& filter)
 {
     StateLock lock;
     std::deque<MSG>& vPosted = TheQueue().vPosted;
@@ -57,6 +58,24 @@ std::optional<MSG> NextPosted(const Filter& filter)
     if (filter.Takes())
         vPosted.erase(it);
     return msg;
+}
+
+std::optional<MSG> NextPosted(const Filter& filter)
+{
+    const std::optional<MSG> msg = FindPosted(filter);
+    if (msg && filter.Takes())
+        TheJournal().OnPosted(msg->hwnd, msg->message);
+    return msg;
+}
+
+std::optional<MSG> NextPaint(const Filter& filter)
+{
+    const HWND hWnd = filter.Wants(WM_PAINT) ? NextWindowToPaint(filter.hWnd) : nullptr;
+    if (!hWnd)
+        return std::nullopt;
+    if (filter.Takes())
+        TheJournal().OnPaint(hWnd);
+    return MSG{hWnd, WM_PAINT, 0, 0, 0, {}};
 }
 
 std::optional<MSG> NextQuit(const Filter& filter)
@@ -92,11 +111,8 @@ std::optional<MSG> NextMessage(const Filter& filter)
         if (auto msg = NextQuit(filter))
             return msg;
     }
-    if (filter.Wants(WM_PAINT))
-    {
-        if (const HWND hWnd = NextWindowToPaint(filter.hWnd))
-            return MSG{hWnd, WM_PAINT, 0, 0, 0, {}};
-    }
+    if (auto msg = NextPaint(filter))
+        return msg;
     if (!filter.PaintsOnly() && filter.Wants(WM_TIMER))
         return NextTimerMessage(filter.hWnd, filter.Takes());
     return std::nullopt;

@@ -2,6 +2,7 @@
 
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "user/Journal.h"
 #include "user/Queue.h"
 #include "user/Window.h"
 #include "user/WindowObject.h"
@@ -33,6 +34,27 @@ auto FindTimer(HWND hWnd, UINT_PTR uId)
     return std::ranges::find_if(Timers(), [&](const Timer& timer) { return timer.hWnd == hWnd && timer.uId == uId; });
 }
 
+std::optional<InputJournal::Timer> DueTimer(HWND hFilter, std::uint64_t uNow)
+{
+    StateLock lock;
+    const auto it = std::ranges::find_if(Timers(), [&](const Timer& timer)
+                                         { return timer.uDue <= uNow && PassesFilter(timer.hWnd, hFilter); });
+    return it == Timers().end() ? std::nullopt : std::optional(InputJournal::Timer{it->hWnd, it->uId});
+}
+
+/// Sets the timer for its next period.
+void Deliver(const InputJournal::Timer& delivered, std::uint64_t uNow)
+{
+    StateLock lock;
+    const auto it = FindTimer(delivered.hWnd, delivered.uId);
+    if (it == Timers().end())
+        return;
+    // Periods that were missed are not made up for. The timer goes last, so that each gets its turn.
+    const std::uint64_t uLate = uNow > it->uDue ? uNow - it->uDue : 0;
+    it->uDue += (uLate / it->uPeriod + 1) * it->uPeriod;
+    std::rotate(it, it + 1, Timers().end());
+}
+
 } // namespace
 
 std::optional<MSG> NextTimerMessage(HWND hFilter, bool bTake)
@@ -40,20 +62,18 @@ std::optional<MSG> NextTimerMessage(HWND hFilter, bool bTake)
     if (!HasDesktop())
         return std::nullopt;
     const std::uint64_t uNow = TheDesktop().TickCount();
-    StateLock lock;
-    std::vector<Timer>& vTimers = Timers();
-    const auto it = std::ranges::find_if(vTimers, [&](const Timer& timer)
-                                         { return timer.uDue <= uNow && PassesFilter(timer.hWnd, hFilter); });
-    if (it == vTimers.end())
+    const auto due = TheJournal().OnTimer(DueTimer(hFilter, uNow), bTake);
+    if (!due)
         return std::nullopt;
-    const MSG msg = {it->hWnd, WM_TIMER, it->uId, 0, static_cast<DWORD>(uNow), {}};
     if (bTake)
-    {
-        // Periods that were missed are not made up for. The timer goes last, so that each gets its turn.
-        it->uDue += ((uNow - it->uDue) / it->uPeriod + 1) * it->uPeriod;
-        std::rotate(it, it + 1, vTimers.end());
-    }
-    return msg;
+        Deliver(*due, uNow);
+    return MSG{due->hWnd, WM_TIMER, due->uId, 0, static_cast<DWORD>(uNow), {}};
+}
+
+bool IsTimerSet(HWND hWnd, UINT_PTR uId)
+{
+    StateLock lock;
+    return FindTimer(hWnd, uId) != Timers().end();
 }
 
 int MsToNextTimer()

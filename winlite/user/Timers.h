@@ -11,4 +11,7 @@ namespace winlite
 /// it counts as delivered.
 std::optional<MSG> NextTimerMessage(HWND hFilter, bool bTake);
 
+/// Whether the window has set this timer.
+bool IsTimerSet(HWND hWnd, UINT_PTR uId);
+
 } // namespace winlite

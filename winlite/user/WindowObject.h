@@ -22,6 +22,7 @@ class WindowObject : public HandleObject
 {
 public:
     HWND hWnd = {};
+    int iNumber = 0; ///< By order of creation, from 1 on.
     const WindowClass* pClass = nullptr;
     WNDPROC pProc = nullptr;
     DWORD dwStyle = 0;
@@ -73,6 +74,9 @@ std::shared_ptr<WindowObject> FindWindowObject(HWND hWnd);
 
 /// All top-level windows, the oldest first. Guarded by StateLock.
 std::vector<std::shared_ptr<WindowObject>>& TopLevelWindows();
+
+/// How many windows were ever created. Guarded by StateLock.
+int& WindowCount();
 
 /// Window extents and coordinates are limited to this, so that no sum of them overflows.
 constexpr int MAX_EXTENT = 32767;

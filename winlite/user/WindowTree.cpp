@@ -25,6 +25,7 @@ std::shared_ptr<WindowObject> MakeWindow(const CREATESTRUCT& create, const Windo
     pWindow->ptPosition = {std::clamp(create.x, -MAX_COORDINATE, MAX_COORDINATE),
                            std::clamp(create.y, -MAX_COORDINATE, MAX_COORDINATE)};
     pWindow->szClient = {std::clamp(create.cx, 0, MAX_EXTENT), std::clamp(create.cy, 0, MAX_EXTENT)};
+    pWindow->iNumber = ++WindowCount();
     pWindow->hWnd = reinterpret_cast<HWND>(OpenHandle(pWindow));
     // A new child goes below its siblings.
     (pParent ? pParent->vChildren : TopLevelWindows()).push_back(pWindow);
@@ -101,6 +102,12 @@ bool SendCreationMessages(const std::shared_ptr<WindowObject>& pWindow, CREATEST
 }
 
 } // namespace
+
+int& WindowCount()
+{
+    static int s_nCreated = 0;
+    return s_nCreated;
+}
 
 HWND CreateWindowHooked(const CREATESTRUCT& create, const std::function<void(HWND)>& beforeFirstMessage)
 {

@@ -130,7 +130,8 @@ void QtWindow::FollowPlace()
     const bool bResized = rcNow.right - rcNow.left != szDevice.width() || rcNow.bottom - rcNow.top != szDevice.height();
     if (!bResized && rcNow.left == ptOrigin.x() && rcNow.top == ptOrigin.y())
         return;
-    ::MoveWindow(m_hWnd, ptOrigin.x(), ptOrigin.y(), szDevice.width(), szDevice.height(), TRUE);
+    PlaceTopLevel(m_hWnd,
+                  {ptOrigin.x(), ptOrigin.y(), ptOrigin.x() + szDevice.width(), ptOrigin.y() + szDevice.height()});
     // Qt paints a new size at once; the picture must have it then.
     if (bResized)
         TheQtDesktop().PaintNow();
@@ -140,9 +141,9 @@ void QtWindow::FollowVisibility()
 {
     const bool bMinimised = window()->isMinimized();
     if (bMinimised != static_cast<bool>(::IsIconic(m_hWnd)))
-        ::ShowWindow(m_hWnd, bMinimised ? SW_MINIMIZE : SW_RESTORE);
+        ShowTopLevel(m_hWnd, bMinimised ? SW_MINIMIZE : SW_RESTORE);
     if (isVisible() != static_cast<bool>(::IsWindowVisible(m_hWnd)))
-        ::ShowWindow(m_hWnd, isVisible() ? SW_SHOW : SW_HIDE);
+        ShowTopLevel(m_hWnd, isVisible() ? SW_SHOW : SW_HIDE);
     if (isVisible() && !bMinimised)
         TheQtDesktop().PaintNow();
 }
@@ -202,7 +203,7 @@ void QtWindow::hideEvent(QHideEvent*) { FollowVisibility(); }
 void QtWindow::changeEvent(QEvent* pEvent)
 {
     if (pEvent->type() == QEvent::EnabledChange)
-        ::EnableWindow(m_hWnd, isEnabled());
+        EnableTopLevel(m_hWnd, isEnabled());
     QWidget::changeEvent(pEvent);
 }
 
