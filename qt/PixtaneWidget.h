@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/ZoomAnchor.h"
+#include "qt/ViewZoom.h"
 
 #include <functional>
 #include <memory>
@@ -33,18 +33,11 @@ public:
     /// The view, for everything it offers.
     Pixtane::CPixtane& View();
 
-    /// Sets the zoom so that the bitmap position under a window point stays there. Limited to 5 % and 3200 %.
-    void ZoomAbout(double dbZoom, QPointF ptWindow);
+    /// Zooming about a point, by steps and to fit.
+    CViewZoom& Zoom();
 
-    /// The next step of the zoom ladder up or down (which always hits 100 %), about a window point.
-    void StepZoom(int nSteps, QPointF ptWindow);
-
-    /// The largest zoom at which the whole bitmap is visible, 100 % at most unless bEnlarge.
-    double FitZoom(bool bEnlarge = false);
-    void ZoomToFit();
-
-    /// The middle of the view area.
-    QPointF ViewCentre();
+    /// The view's parent window.
+    CViewHost& Host() { return *m_pHost; }
 
     /// Says for which keys (virtual codes) the view goes before the program's shortcuts: those that the loaded tool
     /// uses. At first it does so for none.
@@ -76,9 +69,8 @@ protected:
     void dropEvent(QDropEvent* pEvent) override;
 
 private:
-    LRESULT OnNotified(UINT uCode);
+    LRESULT OnNotified(UINT uCode, CPoint ptWindow);
 
     std::unique_ptr<CViewHost> m_pHost;
     winlite::QtWindow* m_pWindow;
-    CZoomAnchor m_Anchor;
 };

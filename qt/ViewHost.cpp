@@ -1,16 +1,30 @@
 #include "qt/ViewHost.h"
 
+#include "user/Journal.h"
 #include "view/Notifications.h"
 
+#include <limits>
 #include <memory>
+#include <sstream>
 #include <stdexcept>
+
+namespace
+{
+
+/// The middle of a device pixel: what is under the pointer is under its middle.
+QPointF MiddleOf(CPoint ptPixel) { return {ptPixel.x + 0.5, ptPixel.y + 0.5}; }
+
+constexpr const char* SCROLL_COMMAND = "view-scroll";
+constexpr const char* ZOOM_COMMAND = "view-zoom";
+
+} // namespace
 
 BEGIN_MESSAGE_MAP(CViewHost, CWnd)
 ON_WM_SIZE()
 ON_WM_SETFOCUS()
 END_MESSAGE_MAP()
 
-CViewHost::CViewHost(Reports reports) : m_Reports(std::move(reports))
+CViewHost::CViewHost()
 {
     constexpr UINT VIEW_ID = 1;
     constexpr DWORD BACKGROUND = RGB(58, 60, 64);
@@ -45,8 +59,46 @@ BOOL CViewHost::PreTranslateMessage(MSG* pMsg)
         return CWnd::PreTranslateMessage(pMsg);
     CPoint ptWindow(pMsg->pt);
     m_view.ScreenToClient(&ptWindow);
-    m_Reports.zoomWheel(static_cast<SHORT>(HIWORD(pMsg->wParam)) / WHEEL_DELTA, ptWindow);
+    m_Zoom.StepZoom(static_cast<SHORT>(HIWORD(pMsg->wParam)) / WHEEL_DELTA, MiddleOf(ptWindow));
     return TRUE;
+}
+
+void CViewHost::ScrollByGesture(int dx, int dy)
+{
+    std::ostringstream command;
+    command << SCROLL_COMMAND << " " << dx << " " << dy;
+    winlite::TheJournal().OnCommand(command.str());
+    m_view.MoveImage(dx, dy);
+}
+
+void CViewHost::ZoomByGesture(double dbZoom, QPointF ptWindow)
+{
+    std::ostringstream command;
+    command.precision(std::numeric_limits<double>::max_digits10);
+    command << ZOOM_COMMAND << " " << dbZoom << " " << ptWindow.x() << " " << ptWindow.y();
+    winlite::TheJournal().OnCommand(command.str());
+    m_Zoom.ZoomAbout(dbZoom, ptWindow);
+}
+
+bool CViewHost::Execute(const std::string& strCommand)
+{
+    std::istringstream command(strCommand);
+    std::string strName;
+    command >> strName;
+    if (strName == SCROLL_COMMAND)
+    {
+        int dx = 0;
+        int dy = 0;
+        if (command >> dx >> dy)
+            ScrollByGesture(dx, dy);
+        return !command.fail();
+    }
+    double dbZoom = 0;
+    QPointF pt;
+    if (strName != ZOOM_COMMAND || !(command >> dbZoom >> pt.rx() >> pt.ry()))
+        return false;
+    ZoomByGesture(dbZoom, pt);
+    return true;
 }
 
 BOOL CViewHost::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* plResult)
@@ -56,7 +108,12 @@ BOOL CViewHost::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* plResult)
         return CWnd::OnNotify(wParam, lParam, plResult);
     // This one was posted, and its record is the receiver's.
     const std::unique_ptr<NMHDR> pOwned(pNotify->code == Pixtane::PVN_CLONESTAMP_NOSOURCE ? pNotify : nullptr);
-    *plResult = m_Reports.notified(pNotify->code);
+    const CPoint ptWindow = m_view.GetCursorPos(FALSE);
+    for (const Listener& listener : m_vListeners)
+    {
+        if (const LRESULT lReply = listener(pNotify->code, ptWindow))
+            *plResult = lReply;
+    }
     return TRUE;
 }
 

@@ -1,26 +1,36 @@
 #pragma once
 
+#include "qt/ViewZoom.h"
 #include "view/Pixtane.h"
 
 #include <functional>
+#include <string>
+#include <vector>
 
 /// The view's parent window: keeps the view as large as itself, hands the keys on to it, takes Ctrl and the wheel for
-/// zooming, and reports the view's notifications. While it is the window used last it is the thread's main window.
+/// zooming, and reports the view's notifications. While it is the window used last it is the thread's main window. A
+/// widget shows it (CPixtaneWidget); without one it is a view of a program that has no display.
 class CViewHost : public CWnd
 {
 public:
-    /// What it reports. A notification's result is the reply to the view.
-    struct Reports
-    {
-        std::function<LRESULT(UINT uCode)> notified;
-        std::function<void(int nSteps, CPoint ptWindow)> zoomWheel; ///< Window coordinates of the view.
-    };
-
     /// Makes both windows, the host's hidden and without a size. Throws std::runtime_error when they cannot be made.
-    explicit CViewHost(Reports reports);
+    CViewHost();
     ~CViewHost() override;
 
     Pixtane::CPixtane& View() { return m_view; }
+    CViewZoom& Zoom() { return m_Zoom; }
+
+    /// Hears every notification of the view, by its code (view/Notifications.h) and the pointer's place at that moment
+    /// (window coordinates of the view); its result, unless 0, is the reply to the view. It must not end the host.
+    using Listener = std::function<LRESULT(UINT uCode, CPoint ptWindow)>;
+    void Listen(Listener listener) { m_vListeners.push_back(std::move(listener)); }
+
+    /// Moves the picture as a gesture outside winlite's input asks: to the right and down where positive.
+    void ScrollByGesture(int dx, int dy);
+    void ZoomByGesture(double dbZoom, QPointF ptWindow);
+
+    /// Repeats one of these two from a recorded session; FALSE for other commands.
+    bool Execute(const std::string& strCommand);
 
 protected:
     BOOL PreTranslateMessage(MSG* pMsg) override;
@@ -32,6 +42,7 @@ protected:
 private:
     bool Holds(HWND hWnd) const;
 
-    Reports m_Reports;
+    std::vector<Listener> m_vListeners;
     Pixtane::CPixtane m_view;
+    CViewZoom m_Zoom{m_view};
 };

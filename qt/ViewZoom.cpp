@@ -1,25 +1,55 @@
-#include "qt/ZoomAnchor.h"
+#include "qt/ViewZoom.h"
 
+#include "qt/ZoomLadder.h"
+
+#include <algorithm>
 #include <cmath>
 
-CPoint CZoomAnchor::DispPos() const { return {m_view.ptDispPos().X, m_view.ptDispPos().Y}; }
+CPoint CViewZoom::DispPos() const { return {m_view.ptDispPos().X, m_view.ptDispPos().Y}; }
 
-QPointF CZoomAnchor::BitmapPosition(QPointF ptWindow) const
+QPointF CViewZoom::BitmapPosition(QPointF ptWindow) const
 {
     if (m_Last && m_Last->ptWindow == ptWindow && m_Last->dbZoom == m_view.dbZoom() && m_Last->ptDispPos == DispPos())
         return m_Last->ptBitmap;
     return (ptWindow + QPointF(DispPos().x, DispPos().y)) / m_view.dbZoom();
 }
 
-void CZoomAnchor::ZoomAbout(double dbZoom, QPointF ptWindow)
+void CViewZoom::ZoomAbout(double dbZoom, QPointF ptWindow)
 {
     if (!m_view.pBmpData())
         return;
     const QPointF ptBitmap = BitmapPosition(ptWindow);
     m_view.LockRedraw();
-    m_view.SetZoom(dbZoom);
+    m_view.SetZoom(std::clamp(dbZoom, MIN_ZOOM, MAX_ZOOM));
     const QPointF ptZoomed = ptBitmap * m_view.dbZoom() - ptWindow;
     m_view.SetDispPosition(static_cast<int>(std::lround(ptZoomed.x())), static_cast<int>(std::lround(ptZoomed.y())));
     m_view.UnlockRedraw();
     m_Last = {ptWindow, ptBitmap, m_view.dbZoom(), DispPos()};
+}
+
+void CViewZoom::StepZoom(int nSteps, QPointF ptWindow)
+{
+    if (nSteps != 0)
+        ZoomAbout(ZoomLadderStep(m_view.dbZoom(), nSteps), ptWindow);
+}
+
+double CViewZoom::FitZoom(bool bEnlarge)
+{
+    // Without scroll bars, which a picture that fits does not need.
+    CRect rcWindow;
+    ::GetClientRect(m_view.m_hWnd, &rcWindow);
+    if (!m_view.pBmpData() || rcWindow.IsRectEmpty())
+        return 1;
+    const double dbFit = std::min(static_cast<double>(rcWindow.Width()) / m_view.iBmpWidth(),
+                                  static_cast<double>(rcWindow.Height()) / m_view.iBmpHeight());
+    return bEnlarge ? dbFit : std::min(dbFit, 1.0);
+}
+
+void CViewZoom::ZoomToFit() { m_view.SetZoom(FitZoom()); }
+
+QPointF CViewZoom::ViewCentre()
+{
+    CRect rcView;
+    m_view.GetClientRect(&rcView);
+    return {rcView.Width() / 2.0, rcView.Height() / 2.0};
 }

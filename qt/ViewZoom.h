@@ -5,16 +5,27 @@
 #include <optional>
 #include <QPointF>
 
-/// Zooms a view about a point. The exact bitmap position there is remembered while only this zooms, so that rounding to
-/// whole display positions does not add up over many steps.
-class CZoomAnchor
+/// Zooms a view the ways a person does. The exact bitmap position zoomed about is remembered while only this zooms, so
+/// that rounding to whole display positions does not add up over many steps. Points are window coordinates of the view
+/// in device pixels. Everything does nothing without a bitmap. User-interface thread.
+class CViewZoom
 {
 public:
-    explicit CZoomAnchor(Pixtane::CPixtane& view) : m_view(view) {}
+    explicit CViewZoom(Pixtane::CPixtane& view) : m_view(view) {}
 
-    /// Sets the zoom so that what is at the window point stays there, as far as the bitmap fills the view. Nothing
-    /// without a bitmap.
+    /// Sets the zoom so that what is at the window point stays there, as far as the bitmap fills the view. Limited to
+    /// MIN_ZOOM and MAX_ZOOM (ZoomLadder.h).
     void ZoomAbout(double dbZoom, QPointF ptWindow);
+
+    /// The next step of the zoom ladder up or down (which always hits 100 %), about a window point.
+    void StepZoom(int nSteps, QPointF ptWindow);
+
+    /// The largest zoom at which the whole bitmap is visible, 100 % at most unless bEnlarge; 1 without a bitmap.
+    double FitZoom(bool bEnlarge = false);
+    void ZoomToFit();
+
+    /// The middle of the view area.
+    QPointF ViewCentre();
 
 private:
     /// The position zoomed about last, and what the view was left at: when that is not so any more, something else has

@@ -1,10 +1,8 @@
 #include "retouch/MainWindow.h"
 
 #include "qt/PixtaneWidget.h"
-#include "retouch/AutoContrast.h"
-#include "retouch/SamplePicture.h"
+#include "qtdesktop/QtDesktop.h"
 
-#include <algorithm>
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -25,7 +23,7 @@ const char* const RECENT_FILES = "recentFiles";
 
 } // namespace
 
-CMainWindow::CMainWindow() : m_pView(new CPixtaneWidget(this))
+CMainWindow::CMainWindow() : m_pView(new CPixtaneWidget(this)), m_retoucher(m_pView->Host())
 {
     setCentralWidget(m_pView);
     m_pView->View().SetBackgroundColor(BACKGROUND);
@@ -34,17 +32,11 @@ CMainWindow::CMainWindow() : m_pView(new CPixtaneWidget(this))
     MakeStatusBar();
     connect(m_pView, &CPixtaneWidget::DisplayChanged, this, &CMainWindow::UpdateZoomLabel);
     connect(m_pView, &CPixtaneWidget::DisplayChanged, this, &CMainWindow::UpdatePointerLabels);
-    connect(m_pView, &CPixtaneWidget::MouseMoved, this, &CMainWindow::UpdatePointerLabels);
+    connect(m_pView, &CPixtaneWidget::MouseMoved, this, &CMainWindow::FollowPointer);
     connect(m_pView, &CPixtaneWidget::FilesDropped, this,
             [this](const QStringList& vPaths) { OpenFile(vPaths.value(0)); });
     qApp->installEventFilter(this);
     resize(QSize(1100, 780).boundedTo(screen()->availableSize()));
-}
-
-CMainWindow::~CMainWindow()
-{
-    // The view shows the photo's pixels, which go before it.
-    m_pView->View().ClearBitmap(FALSE);
 }
 
 void CMainWindow::MakeMenus()
@@ -68,22 +60,34 @@ void CMainWindow::MakeFileMenu()
 void CMainWindow::MakeImageMenu()
 {
     QMenu* pMenu = menuBar()->addMenu(tr("&Image"));
-    pMenu->addAction(tr("&Auto Contrast"), QKeySequence(tr("Ctrl+Shift+L")), this, &CMainWindow::AutoContrast);
-    pMenu->addAction(tr("&Revert to Original"), this, &CMainWindow::Revert);
+    AddCommand(*pMenu, tr("&Auto Contrast"), {QKeySequence(tr("Ctrl+Shift+L"))}, "auto-contrast");
+    AddCommand(*pMenu, tr("&Revert to Original"), {}, "revert");
 }
 
 void CMainWindow::MakeViewMenu()
 {
     QMenu* pMenu = menuBar()->addMenu(tr("&View"));
-    QAction* pZoomIn = pMenu->addAction(tr("Zoom &In"), this, [this] { m_pView->StepZoom(1, m_pView->ViewCentre()); });
-    pZoomIn->setShortcuts({QKeySequence::ZoomIn, QKeySequence(tr("Ctrl+="))});
-    pMenu->addAction(tr("Zoom &Out"), QKeySequence::ZoomOut, this,
-                     [this] { m_pView->StepZoom(-1, m_pView->ViewCentre()); });
-    pMenu->addAction(tr("&Fit"), QKeySequence(tr("Ctrl+0")), this, [this] { m_pView->ZoomToFit(); });
-    pMenu->addAction(tr("O&ne to One"), QKeySequence(tr("Ctrl+1")), this,
-                     [this] { m_pView->ZoomAbout(1, m_pView->ViewCentre()); });
+    AddCommand(*pMenu, tr("Zoom &In"), {QKeySequence::ZoomIn, QKeySequence(tr("Ctrl+="))}, "zoom-in");
+    AddCommand(*pMenu, tr("Zoom &Out"), {QKeySequence::ZoomOut}, "zoom-out");
+    AddCommand(*pMenu, tr("&Fit"), {QKeySequence(tr("Ctrl+0"))}, "fit");
+    AddCommand(*pMenu, tr("O&ne to One"), {QKeySequence(tr("Ctrl+1"))}, "one-to-one");
     pMenu->addSeparator();
     pMenu->addAction(tr("Hold B to see the original"))->setEnabled(false);
+}
+
+QAction* CMainWindow::AddCommand(QMenu& menu, const QString& strText, const QList<QKeySequence>& vKeys,
+                                 const std::string& strCommand)
+{
+    QAction* pAction = menu.addAction(strText, this, [this, strCommand] { Execute(strCommand); });
+    pAction->setShortcuts(vKeys);
+    return pAction;
+}
+
+void CMainWindow::Execute(const std::string& strCommand)
+{
+    std::string strError;
+    if (!m_retoucher.Execute(strCommand, strError))
+        QMessageBox::warning(this, tr("That is not possible"), QString::fromStdString(strError));
 }
 
 void CMainWindow::MakeStatusBar()
@@ -109,9 +113,8 @@ void CMainWindow::RememberRecent(const QString& strPath)
 {
     QSettings settings;
     QStringList vPaths = settings.value(RECENT_FILES).toStringList();
-    const QString strAbsolute = QFileInfo(strPath).absoluteFilePath();
-    vPaths.removeAll(strAbsolute);
-    vPaths.prepend(strAbsolute);
+    vPaths.removeAll(strPath);
+    vPaths.prepend(strPath);
     settings.setValue(RECENT_FILES, vPaths.mid(0, MOST_RECENT_FILES));
 }
 
@@ -125,33 +128,30 @@ void CMainWindow::ChooseFile()
 
 void CMainWindow::OpenFile(const QString& strPath)
 {
-    if (strPath.isEmpty())
-    {
-        ShowPhoto(RenderSamplePicture(), tr("Sample"));
-        return;
-    }
+    const QString strAbsolute = QFileInfo(strPath).absoluteFilePath();
+    const std::string strCommand = strPath.isEmpty() ? "open-sample" : "open " + strAbsolute.toStdString();
     std::string strError;
-    std::optional<CPhoto> photo = CPhoto::Load(strPath.toStdString(), strError);
-    if (!photo)
+    if (!m_retoucher.Execute(strCommand, strError))
     {
         QMessageBox::warning(this, tr("The photo could not be opened"), QString::fromStdString(strError));
         return;
     }
-    RememberRecent(strPath);
-    ShowPhoto(std::move(*photo), QFileInfo(strPath).fileName());
+    if (!strPath.isEmpty())
+        RememberRecent(strAbsolute);
+    ShowOpened(strPath.isEmpty() ? tr("Sample") : QFileInfo(strPath).fileName());
 }
 
-void CMainWindow::ShowPhoto(CPhoto photo, const QString& strName)
+void CMainWindow::ShowOpened(const QString& strName)
 {
-    // The view lets go of the old pixels before they go.
-    std::optional<CPhoto> old = std::exchange(m_photo, std::move(photo));
-    m_vOriginal.clear();
-    m_pView->View().ShowCoverImage(FALSE, FALSE);
-    m_pView->View().SetBitmap(m_photo->Info(), m_photo->Pixels());
-    m_pView->ZoomToFit();
     m_bFitWhenShown = !isVisible();
     setWindowTitle(strName + " - retouch");
     statusBar()->clearMessage();
+}
+
+winlite::Picture CMainWindow::TakePicture()
+{
+    static_cast<winlite::QtDesktop&>(winlite::TheDesktop()).PaintNow();
+    return winlite::WindowPicture(m_pView->Host().m_hWnd);
 }
 
 void CMainWindow::showEvent(QShowEvent* pEvent)
@@ -160,44 +160,7 @@ void CMainWindow::showEvent(QShowEvent* pEvent)
     // Only now the view has its size.
     if (std::exchange(m_bFitWhenShown, false))
         QMetaObject::invokeMethod(
-            this, [this] { m_pView->ZoomToFit(); }, Qt::QueuedConnection);
-}
-
-void CMainWindow::KeepOriginal()
-{
-    if (m_vOriginal.empty())
-        m_vOriginal.assign(m_photo->Pixels(), m_photo->Pixels() + m_photo->ByteCount());
-}
-
-void CMainWindow::AutoContrast()
-{
-    if (!m_photo)
-        return;
-    KeepOriginal();
-    StretchContrast({m_photo->Pixels(), m_photo->ByteCount()});
-    m_pView->View().UpdateBitmap(m_photo->Info(), m_photo->Pixels(), TRUE);
-}
-
-void CMainWindow::Revert()
-{
-    if (m_vOriginal.empty())
-        return;
-    std::ranges::copy(m_vOriginal, m_photo->Pixels());
-    m_pView->View().UpdateBitmap(m_photo->Info(), m_photo->Pixels(), TRUE);
-}
-
-void CMainWindow::ShowOriginal(bool bShow)
-{
-    if (m_vOriginal.empty())
-        return;
-    // The original covers the picture, at the same zoom and place.
-    Pixtane::CPixtane& view = m_pView->View();
-    if (bShow)
-    {
-        view.vCoverBmpData() = m_vOriginal;
-        view.CoverBmpInfo() = m_photo->Info();
-    }
-    view.ShowCoverImage(bShow, bShow);
+            this, [this] { Execute("fit"); }, Qt::QueuedConnection);
 }
 
 bool CMainWindow::eventFilter(QObject* pWatched, QEvent* pEvent)
@@ -209,7 +172,7 @@ bool CMainWindow::eventFilter(QObject* pWatched, QEvent* pEvent)
     if (pKey->key() != Qt::Key_B || pKey->modifiers() != Qt::NoModifier)
         return QMainWindow::eventFilter(pWatched, pEvent);
     if (!pKey->isAutoRepeat())
-        ShowOriginal(pEvent->type() == QEvent::KeyPress);
+        Execute(pEvent->type() == QEvent::KeyPress ? "show-original" : "show-result");
     return true;
 }
 
@@ -218,17 +181,25 @@ void CMainWindow::UpdateZoomLabel()
     m_pZoomLabel->setText(tr("%1 %").arg(m_pView->View().GetZoom() * 100, 0, 'f', 1));
 }
 
+void CMainWindow::FollowPointer(QPoint ptWindow)
+{
+    m_ptPointer = ptWindow;
+    UpdatePointerLabels();
+}
+
 void CMainWindow::UpdatePointerLabels()
 {
-    const CPoint pt = m_pView->View().GetCursorPos(TRUE);
-    const bool bInside = m_photo && pt.x >= 0 && pt.x < m_photo->Width() && pt.y >= 0 && pt.y < m_photo->Height();
+    CPhoto* const pPhoto = m_retoucher.Photo();
+    CPoint pt(m_ptPointer.x(), m_ptPointer.y());
+    m_pView->View().FromWndToBitmap(pt);
+    const bool bInside = pPhoto && pt.x >= 0 && pt.x < pPhoto->Width() && pt.y >= 0 && pt.y < pPhoto->Height();
     if (!bInside)
     {
         m_pPositionLabel->clear();
         m_pColourLabel->clear();
         return;
     }
-    const BYTE* pPixel = m_photo->Row(pt.y) + 4 * pt.x;
+    const BYTE* pPixel = pPhoto->Row(pt.y) + 4 * pt.x;
     m_pPositionLabel->setText(tr("%1, %2").arg(pt.x).arg(pt.y));
     m_pColourLabel->setText(tr("R %1  G %2  B %3").arg(pPixel[2]).arg(pPixel[1]).arg(pPixel[0]));
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "retouch/Photo.h"
+#include "retouch/Retoucher.h"
+#include "user/Window.h"
 
-#include <optional>
 #include <QMainWindow>
 
 class CPixtaneWidget;
@@ -16,7 +16,9 @@ class CMainWindow : public QMainWindow
 
 public:
     CMainWindow();
-    ~CMainWindow() override;
+
+    /// The view's part of the window as it stands, after everything pending was painted.
+    winlite::Picture TakePicture();
 
     /// Shows a photo file; on failure a message, and the picture before stays. Empty shows the sample picture.
     void OpenFile(const QString& strPath);
@@ -35,22 +37,22 @@ private:
     void FillRecentMenu();
     void RememberRecent(const QString& strPath);
     void ChooseFile();
-    void ShowPhoto(CPhoto photo, const QString& strName);
+    void ShowOpened(const QString& strName);
 
-    void KeepOriginal();
-    void AutoContrast();
-    void Revert();
-    void ShowOriginal(bool bShow);
+    QAction* AddCommand(QMenu& menu, const QString& strText, const QList<QKeySequence>& vKeys,
+                        const std::string& strCommand);
+    void Execute(const std::string& strCommand);
 
     void UpdateZoomLabel();
     void UpdatePointerLabels();
+    void FollowPointer(QPoint ptWindow);
 
     CPixtaneWidget* m_pView;
     QMenu* m_pRecentMenu = nullptr;
     QLabel* m_pZoomLabel = nullptr;
     QLabel* m_pPositionLabel = nullptr;
     QLabel* m_pColourLabel = nullptr;
-    std::optional<CPhoto> m_photo;
-    std::vector<BYTE> m_vOriginal; ///< The photo's pixels as they were opened; empty while nothing was changed.
+    QPoint m_ptPointer{-1, -1}; ///< Window coordinates of the view.
+    CRetoucher m_retoucher;
     bool m_bFitWhenShown = false;
 };

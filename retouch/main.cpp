@@ -1,7 +1,9 @@
 #include "headless/HeadlessDesktop.h"
+#include "journal/JournalWriter.h"
 #include "qt/PixtaneQt.h"
 #include "retouch/MainWindow.h"
 #include "retouch/SamplePicture.h"
+#include "retouch/Session.h"
 #include "retouch/Tour.h"
 
 #include <cstdlib>
@@ -24,14 +26,32 @@ std::optional<CPhoto> OpenPhoto(const QStringList& vPaths, std::string& strError
     return vPaths.isEmpty() ? RenderSamplePicture() : CPhoto::Load(vPaths.front().toStdString(), strError);
 }
 
-int ShowWindow(int argc, char** argv, const QStringList& vPaths)
+int ShowWindow(const QString& strPhoto)
+{
+    CMainWindow window;
+    window.show();
+    window.OpenFile(strPhoto);
+    return QApplication::exec();
+}
+
+int RecordWindow(const QString& strPhoto, const std::string& strJournal)
+{
+    winlite::JournalWriter journal(strJournal);
+    CMainWindow window;
+    window.show();
+    window.OpenFile(strPhoto);
+    const int iResult = QApplication::exec();
+    journal.WriteEnd(DescribePicture(window.TakePicture()));
+    return journal.IsGood() ? iResult : Fail(strJournal + ": could not be written to its end");
+}
+
+int RunWindow(int argc, char** argv, const QCommandLineParser& options)
 {
     QApplication application(argc, argv);
     const CPixtaneQt library;
-    CMainWindow window;
-    window.show();
-    window.OpenFile(vPaths.value(0));
-    return QApplication::exec();
+    const QString strPhoto = options.positionalArguments().value(0);
+    return options.isSet("record") ? RecordWindow(strPhoto, options.value("record").toStdString())
+                                   : ShowWindow(strPhoto);
 }
 
 int PlayTour(CPhoto& photo, const std::string& strFolder)
@@ -53,33 +73,68 @@ int PlayTour(CPhoto& photo, const std::string& strFolder)
     return 0;
 }
 
-/// The command line, before the kind of application is chosen; ends the program for --help and mistakes.
+int Replay(const QCommandLineParser& options)
+{
+    const std::string strJournal = options.value("replay").toStdString();
+    const std::string strPicture = strJournal + ".png";
+    const std::string strPhoto = options.positionalArguments().value(0).toStdString();
+    const ReplayResult result = ReplaySession(strJournal, strPicture, strPhoto);
+    std::cout << result.strNow << "\nThe last picture is " << strPicture << "\n";
+    if (result.strRecorded.empty())
+        std::cout << "The session was cut off: there is nothing to compare it with.\n";
+    else if (result.strRecorded != result.strNow)
+        return Fail(strJournal + ": the recorded session came to " + result.strRecorded);
+    return 0;
+}
+
+int Tour(const QCommandLineParser& options)
+{
+    std::string strError;
+    std::optional<CPhoto> photo = OpenPhoto(options.positionalArguments(), strError);
+    return photo ? PlayTour(*photo, options.value("tour").toStdString()) : Fail(strError);
+}
+
+/// The command line, before the kind of application is chosen; ends the program for mistakes.
 void Parse(QCommandLineParser& parser, const QStringList& vArguments)
 {
     parser.setApplicationDescription("Retouches a photo.");
     parser.addHelpOption();
     parser.addOption({"tour", "Plays a session without a display and writes its pictures to <folder>.", "folder"});
+    parser.addOption({"record", "Writes down the session in <file>, to be played again.", "file"});
+    parser.addOption({"replay",
+                      "Plays a recorded session without a display, writes its last picture beside <file> and "
+                      "compares it with what was recorded.",
+                      "file"});
     parser.addPositionalArgument("photo", "A JPEG or PNG file; the bundled sample picture without it.", "[photo]");
-    if (parser.parse(vArguments))
-        return;
-    std::exit(Fail(parser.errorText().toStdString()));
+    if (!parser.parse(vArguments))
+        std::exit(Fail(parser.errorText().toStdString()));
+    if (parser.isSet("tour") + parser.isSet("record") + parser.isSet("replay") > 1)
+        std::exit(Fail("--tour, --record and --replay do not go together"));
+}
+
+int Run(int argc, char** argv)
+{
+    QCommandLineParser options;
+    Parse(options, QStringList(argv, argv + argc));
+    const bool bWindow = !options.isSet("tour") && !options.isSet("replay") && !options.isSet("help");
+    if (bWindow)
+        return RunWindow(argc, argv, options);
+    const QCoreApplication application(argc, argv);
+    if (options.isSet("help"))
+        options.showHelp();
+    return options.isSet("replay") ? Replay(options) : Tour(options);
 }
 
 } // namespace
 
 int main(int argc, char** argv)
+try
 {
     QCoreApplication::setOrganizationName("pixtane");
     QCoreApplication::setApplicationName("retouch");
-    QCommandLineParser parser;
-    Parse(parser, QStringList(argv, argv + argc));
-    if (!parser.isSet("tour") && !parser.isSet("help"))
-        return ShowWindow(argc, argv, parser.positionalArguments());
-
-    const QCoreApplication application(argc, argv);
-    if (parser.isSet("help"))
-        parser.showHelp();
-    std::string strError;
-    std::optional<CPhoto> photo = OpenPhoto(parser.positionalArguments(), strError);
-    return photo ? PlayTour(*photo, parser.value("tour").toStdString()) : Fail(strError);
+    return Run(argc, argv);
+}
+catch (const std::runtime_error& error)
+{
+    return Fail(error.what());
 }

@@ -47,6 +47,6 @@ int main(int argc, char** argv)
     widget.show();
     BITMAPINFO info = InfoOf(photo);
     widget.View().SetBitmap(info, photo.bits());
-    widget.ZoomToFit();
+    widget.Zoom().ZoomToFit();
     return QApplication::exec();
 }

@@ -222,13 +222,13 @@ TEST_F(CQtWindowTest, ZoomingAboutAPointKeepsItsPixel)
     constexpr double START = 1.0 / 3;
     widget.View().SetZoom(START);
     widget.View().SetDispPosition(101, 53);
-    widget.ZoomAbout(START, ptMiddle);
+    widget.Zoom().ZoomAbout(START, ptMiddle);
     const CPoint ptStartDisp = DispPos();
     CPoint ptStart = ptWindow;
     widget.View().FromWndToBitmap(ptStart);
     for (int i = 0; i < 40; ++i)
     {
-        widget.StepZoom(i % 10 < 5 ? 1 : -1, ptMiddle);
+        widget.Zoom().StepZoom(i % 10 < 5 ? 1 : -1, ptMiddle);
         CPoint ptNow = ptWindow;
         widget.View().FromWndToBitmap(ptNow);
         // One pixel of the screen or of the bitmap, whichever is larger.
@@ -242,7 +242,7 @@ TEST_F(CQtWindowTest, ZoomingAboutAPointKeepsItsPixel)
 
 TEST_F(CQtWindowTest, FittingShowsTheWholeBitmapWithoutBars)
 {
-    widget.ZoomToFit();
+    widget.Zoom().ZoomToFit();
     CRect rcView;
     widget.View().GetClientRect(&rcView);
     EXPECT_EQ(rcView.Height(), winlite::WindowPicture(HostWindow()).cy);

@@ -156,7 +156,7 @@ TEST_F(RealWindowTest, KeysZoomAndScroll)
 
 TEST_F(RealWindowTest, TheScrollBarsFollowTheMouse)
 {
-    Widget().ZoomAbout(8, Widget().ViewCentre());
+    Widget().Zoom().ZoomAbout(8, Widget().Zoom().ViewCentre());
     CRect rcView;
     View().GetClientRect(&rcView);
     const Gdiplus::Point ptBefore = View().ptDispPos();

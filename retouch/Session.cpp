@@ -1,0 +1,83 @@
+#include "retouch/Session.h"
+
+#include "headless/HeadlessDesktop.h"
+#include "journal/JournalPlayer.h"
+#include "retouch/PngFile.h"
+#include "retouch/Retoucher.h"
+#include "user/Window.h"
+
+#include <fstream>
+#include <QCryptographicHash>
+#include <stdexcept>
+
+namespace
+{
+
+/// The program behind a replay: started and ended like the real one.
+class CReplay
+{
+public:
+    explicit CReplay(std::istream& stream) : m_player(stream), m_desktop(m_player.ScreenSize(), m_player.Scale())
+    {
+        if (!AfxWinInit(nullptr, nullptr, nullptr, SW_SHOW))
+            throw std::runtime_error("the library did not start");
+    }
+    ~CReplay() { AfxWinTerm(); }
+
+    winlite::Picture Play(const std::string& strPhoto)
+    {
+        CViewHost host;
+        CRetoucher retoucher(host);
+        std::string strError;
+        const auto execute = [&](const std::string& strCommand)
+        {
+            const bool bReplaced = !strPhoto.empty() && strCommand.starts_with("open");
+            return host.Execute(strCommand) || retoucher.Execute(bReplaced ? "open " + strPhoto : strCommand, strError);
+        };
+        try
+        {
+            m_player.Play(m_desktop, execute);
+        }
+        catch (const std::runtime_error& error)
+        {
+            throw std::runtime_error(strError.empty() ? error.what() : error.what() + (": " + strError));
+        }
+        return winlite::WindowPicture(host.m_hWnd);
+    }
+    const std::string& RecordedEnd() const { return m_player.End(); }
+
+private:
+    winlite::JournalPlayer m_player;
+    winlite::HeadlessDesktop m_desktop;
+    CWinApp m_app;
+};
+
+} // namespace
+
+std::string DescribePicture(const winlite::Picture& picture)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(QByteArrayView(reinterpret_cast<const char*>(picture.vPixels.data()),
+                                static_cast<qsizetype>(picture.vPixels.size() * sizeof(std::uint32_t))));
+    return std::to_string(picture.cx) + "x" + std::to_string(picture.cy) + " " + hash.result().toHex().toStdString();
+}
+
+ReplayResult ReplaySession(const std::string& strPath, const std::string& strPicture, const std::string& strPhoto)
+try
+{
+    std::ifstream file(strPath);
+    if (!file)
+        throw std::runtime_error("cannot be opened");
+    CReplay replay(file);
+    const winlite::Picture picture = replay.Play(strPhoto);
+    std::string strError;
+    if (picture.vPixels.empty())
+        throw std::runtime_error("its window has no size in the end");
+    if (!WritePng(strPicture, picture.cx, picture.cy, picture.vPixels.data(), strError))
+        throw std::runtime_error(strError);
+    return {DescribePicture(picture), replay.RecordedEnd()};
+}
+catch (const std::runtime_error& error)
+{
+    throw std::runtime_error(strPath + ": " + error.what());
+}
