@@ -1,9 +1,12 @@
 #include "gdi/PixelRows.h"
 
 #include "gdi/RectMath.h"
+#include "gdi/UnpackRgb.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
+#include <utility>
 
 namespace winlite
 {
@@ -12,8 +15,6 @@ static_assert(std::endian::native == std::endian::little, "Pixels are loaded as 
 
 namespace
 {
-
-constexpr std::uint32_t COLOUR_MASK = 0xFFFFFF;
 
 template<class T>
 T Load(const BYTE* pBytes)
@@ -64,21 +65,7 @@ void CopyRun<32>(std::uint32_t* pDest, const BYTE* pRow, std::ptrdiff_t xFirst, 
 template<>
 void CopyRun<24>(std::uint32_t* pDest, const BYTE* pRow, std::ptrdiff_t xFirst, std::ptrdiff_t nPixels)
 {
-    // Four pixels are three whole words.
-    const BYTE* pSource = pRow + 3 * xFirst;
-    std::ptrdiff_t i = 0;
-    for (; i + 4 <= nPixels; i += 4, pSource += 12)
-    {
-        const auto uFirst = Load<std::uint32_t>(pSource);
-        const auto uMiddle = Load<std::uint32_t>(pSource + 4);
-        const auto uLast = Load<std::uint32_t>(pSource + 8);
-        pDest[i] = uFirst & COLOUR_MASK;
-        pDest[i + 1] = (uFirst >> 24 | uMiddle << 8) & COLOUR_MASK;
-        pDest[i + 2] = (uMiddle >> 16 | uLast << 16) & COLOUR_MASK;
-        pDest[i + 3] = uLast >> 8;
-    }
-    for (; i < nPixels; ++i)
-        pDest[i] = PixelAt<24>(pRow, xFirst + i);
+    UnpackRgb(pDest, pRow + 3 * xFirst, static_cast<std::size_t>(nPixels));
 }
 
 bool IsSteady(std::span<const int> vSource, int iStep)
@@ -95,21 +82,55 @@ bool IsSteady(std::span<const int> vSource, int iStep)
     return true;
 }
 
+/// Takes every STEP-th pixel.
+template<int BITS, int STEP>
+void TakeEvery(std::uint32_t* pDest, const BYTE* pRow, std::ptrdiff_t xFirst, std::ptrdiff_t nPixels)
+{
+    for (std::ptrdiff_t i = 0; i < nPixels; ++i)
+        pDest[i] = PixelAt<BITS>(pRow, xFirst + i * STEP);
+}
+
+/// Each source pixel is wanted more than once: it is converted once, and then repeated from there.
+template<int BITS>
+void RepeatPixels(std::uint32_t* pDest, const BYTE* pRow, std::span<const int> vSource)
+{
+    constexpr int RUN = 1024;
+    std::uint32_t vRun[RUN];
+    int xRun = 0;
+    int xEnd = 0;
+    for (const int x : vSource)
+    {
+        if (x >= xEnd)
+        {
+            xRun = x;
+            xEnd = std::min(x + RUN, vSource.back() + 1);
+            CopyRun<BITS>(vRun, pRow, xRun, xEnd - xRun);
+        }
+        *pDest++ = vRun[x - xRun];
+    }
+}
+
 template<int BITS>
 void ConvertRow(std::uint32_t* pDest, const BYTE* pRow, std::span<const int> vSource, Order order)
 {
     const auto nPixels = static_cast<std::ptrdiff_t>(vSource.size());
-    const std::ptrdiff_t xFirst = vSource.front();
-    if (order == Order::Ascending)
+    switch (order)
     {
-        CopyRun<BITS>(pDest, pRow, xFirst, nPixels);
-        return;
-    }
-    if (order == Order::Descending)
-    {
-        for (std::ptrdiff_t i = 0; i < nPixels; ++i)
-            pDest[i] = PixelAt<BITS>(pRow, xFirst - i);
-        return;
+    case Order::Ascending:
+        return CopyRun<BITS>(pDest, pRow, vSource.front(), nPixels);
+    case Order::Descending:
+        return TakeEvery<BITS, -1>(pDest, pRow, vSource.front(), nPixels);
+    case Order::EverySecond:
+        return TakeEvery<BITS, 2>(pDest, pRow, vSource.front(), nPixels);
+    case Order::EveryFourth:
+        return TakeEvery<BITS, 4>(pDest, pRow, vSource.front(), nPixels);
+    case Order::Repeating:
+        // Whole words need no conversion that could be saved.
+        if constexpr (BITS != 32)
+            return RepeatPixels<BITS>(pDest, pRow, vSource);
+        break;
+    case Order::Any:
+        break;
     }
     for (std::ptrdiff_t i = 0; i < nPixels; ++i)
         pDest[i] = PixelAt<BITS>(pRow, vSource[static_cast<std::size_t>(i)]);
@@ -147,9 +168,15 @@ void DrawRect(Surface& surface, const RECT& rc, const PixelRows& rows, std::span
 
 Order OrderOf(std::span<const int> vSource)
 {
-    if (IsSteady(vSource, 1))
-        return Order::Ascending;
-    return IsSteady(vSource, -1) ? Order::Descending : Order::Any;
+    for (const auto& [order, iStep] : {std::pair{Order::Ascending, 1}, std::pair{Order::Descending, -1},
+                                       std::pair{Order::EverySecond, 2}, std::pair{Order::EveryFourth, 4}})
+    {
+        if (IsSteady(vSource, iStep))
+            return order;
+    }
+    const bool bRepeats = std::ranges::is_sorted(vSource) &&
+                          vSource.back() - vSource.front() < static_cast<std::ptrdiff_t>(vSource.size());
+    return bRepeats ? Order::Repeating : Order::Any;
 }
 
 RECT DrawRows(Surface& surface, const Region& rgnClip, const PixelRows& rows, const NearestAxis& axisX,

@@ -18,8 +18,11 @@ struct PixelRows
 /// How source indices follow each other: steady ones need not be looked up one by one.
 enum class Order
 {
-    Ascending,  ///< By 1.
-    Descending, ///< By 1.
+    Ascending,   ///< By 1.
+    Descending,  ///< By 1.
+    EverySecond, ///< Ascending by 2,
+    EveryFourth, ///< and by 4.
+    Repeating,   ///< Ascending, with more destinations than sources.
     Any,
 };
 Order OrderOf(std::span<const int> vSource);
