@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <memory>
 #include <utility>
 
 namespace winlite
@@ -90,24 +91,17 @@ void TakeEvery(std::uint32_t* pDest, const BYTE* pRow, std::ptrdiff_t xFirst, st
         pDest[i] = PixelAt<BITS>(pRow, xFirst + i * STEP);
 }
 
-/// Each source pixel is wanted more than once: it is converted once, and then repeated from there.
+/// Each source pixel is wanted more than once: all are converted once, and then repeated from there.
 template<int BITS>
 void RepeatPixels(std::uint32_t* pDest, const BYTE* pRow, std::span<const int> vSource)
 {
-    constexpr int RUN = 1024;
-    std::uint32_t vRun[RUN];
-    int xRun = 0;
-    int xEnd = 0;
-    for (const int x : vSource)
-    {
-        if (x >= xEnd)
-        {
-            xRun = x;
-            xEnd = std::min(x + RUN, vSource.back() + 1);
-            CopyRun<BITS>(vRun, pRow, xRun, xEnd - xRun);
-        }
-        *pDest++ = vRun[x - xRun];
-    }
+    const int xFirst = vSource.front();
+    const std::ptrdiff_t nConverted = vSource.back() - xFirst + 1;
+    const auto pConverted = std::make_unique_for_overwrite<std::uint32_t[]>(static_cast<std::size_t>(nConverted));
+    CopyRun<BITS>(pConverted.get(), pRow, xFirst, nConverted);
+    const auto* const pBytes = reinterpret_cast<const BYTE*>(pConverted.get());
+    for (std::size_t i = 0; i < vSource.size(); ++i)
+        pDest[i] = PixelAt<32>(pBytes, vSource[i] - xFirst);
 }
 
 template<int BITS>
