@@ -8,8 +8,9 @@ namespace Pixtane
 {
 
 /// An editing tool that a view hosts. The host owns the tool and hands it to a view with LoadEmbeddedTool; from then on
-/// the view offers it every event before its own handling. Points are window coordinates of the view. Nonzero from a
-/// mouse or key operation means that the event is consumed. The order of the operations is part of the interface. All
+/// the view offers it every event before its own handling. Points are window coordinates of the view. Nonzero from
+/// OnLButtonDown, OnLButtonUp, OnMouseMove, OnMouseWheel and OnKeyDown means that the event is consumed; the results of
+/// the others on mouse and keys are ignored. The order of the operations is part of the interface. All
 /// calls come on the view's thread.
 class AFX_EXT_CLASS CPixtane::IEmbeddedTool
 {
@@ -38,7 +39,9 @@ public:
     /// The host asks the tool to give up what it is doing.
     virtual void Reset();
 
-    /// In every paint with a bitmap: before the bitmap is drawn, and after the bitmap and the selection's border.
+    /// In every paint with a bitmap: before the bitmap is drawn, and after the bitmap and the selection's border. The
+    /// second comes only to a tool that got the first and has stayed loaded since: one that is unloaded in between
+    /// gives up in OnUnload what it took in the first.
     virtual int OnPrePaint(CDC& dc, CRect& rcView) = 0;
     virtual int OnPostPaint(CDC& dc, CRect& rcView) = 0;
 
@@ -63,7 +66,7 @@ public:
     /// The view lost the mouse capture to pWnd (NULL when it was released).
     virtual int OnCaptureChanged(CWnd* pWnd) = 0;
 
-    /// The zoom, or the display position, has changed and the view is laid out.
+    /// The zoom was set (also to the same), or the display position has changed, and the view is laid out.
     virtual void OnZoomChanged();
     virtual void OnDispPosChanged();
 

@@ -82,8 +82,8 @@ public:
     // ---- the tool
 
     /// Takes the loaded tool out, if there is one, and hands the view to another: its OnLoad decides. FALSE when it
-    /// refuses, and inside a tool's OnLoad or OnUnload. The tool stays the host's and must be unloaded before it or the
-    /// view goes.
+    /// refuses, and inside a tool's OnLoad or OnUnload, where unloading does nothing either. The tool stays the host's
+    /// and must be unloaded before it or the view goes.
     int LoadEmbeddedTool(IEmbeddedTool& tool);
     void UnloadEmbeddedTool();
 
@@ -292,6 +292,7 @@ protected:
 
 private:
     bool m_bChangingTool = false; ///< A tool's OnLoad or OnUnload is running.
+    UINT m_uToolLoads = 0;        ///< Tells a tool that was loaded anew from the one before, the same object or not.
 };
 
 } // namespace Pixtane

@@ -27,7 +27,8 @@ int ScrollStep(int iView) { return std::max(iView / 10, 1); }
 int SteppedBack(int iPos, int iView) { return iPos <= 0 ? iPos : std::max(iPos - ScrollStep(iView), 0); }
 int SteppedOn(int iPos, int iView, int iZoomed)
 {
-    return iPos + iView >= iZoomed ? iPos : std::min(iPos + ScrollStep(iView) + iView, iZoomed) - iView;
+    const int iEnd = SaturatedSum(iPos, iView);
+    return iEnd >= iZoomed ? iPos : std::min(SaturatedSum(iEnd, ScrollStep(iView)), iZoomed) - iView;
 }
 
 } // namespace
@@ -211,7 +212,7 @@ void CPixtane::OnTimer(UINT_PTR nIDEvent)
 LRESULT CPixtane::NotifyParent(UINT code, int bPost)
 {
     const HWND hParent = ::GetParent(m_hWnd);
-    const NMHDR record = {m_hWnd, static_cast<UINT_PTR>(GetDlgCtrlID()), code};
+    NMHDR record = {m_hWnd, static_cast<UINT_PTR>(GetDlgCtrlID()), code};
     const WPARAM wParam = reinterpret_cast<WPARAM>(m_hWnd);
     if (!bPost)
         return ::SendMessage(hParent, WM_NOTIFY, wParam, reinterpret_cast<LPARAM>(&record));

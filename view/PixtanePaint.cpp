@@ -50,11 +50,12 @@ void CPixtane::PaintBackBuffer(CDC& dc, const CRect& rcWindow, CRect& rcView)
     if (!m_pBmpData)
         return;
     IEmbeddedTool* pTool = m_pEmbeddedTool;
+    const UINT uLoads = m_uToolLoads;
     if (pTool)
         pTool->OnPrePaint(dc, rcView);
     DrawBitmap(dc, rcView);
     // A tool that another took the place of meanwhile did not see the beginning, and gets no end.
-    if (pTool && pTool == m_pEmbeddedTool)
+    if (pTool && pTool == m_pEmbeddedTool && uLoads == m_uToolLoads)
         pTool->OnPostPaint(dc, rcView);
 }
 

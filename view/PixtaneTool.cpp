@@ -4,17 +4,34 @@
 namespace Pixtane
 {
 
+namespace
+{
+
+/// Sets a flag for the time of a call, also when the call throws.
+class CFlagDuring
+{
+public:
+    explicit CFlagDuring(bool& bFlag) : m_bFlag(bFlag) { m_bFlag = true; }
+    ~CFlagDuring() { m_bFlag = false; }
+    CFlagDuring(const CFlagDuring&) = delete;
+    CFlagDuring& operator=(const CFlagDuring&) = delete;
+
+private:
+    bool& m_bFlag;
+};
+
+} // namespace
+
 int CPixtane::LoadEmbeddedTool(IEmbeddedTool& tool)
 {
     if (m_bChangingTool)
         return FALSE; // From inside a tool's OnLoad or OnUnload.
     UnloadEmbeddedTool();
-    m_bChangingTool = true;
-    const int iLoaded = tool.OnLoad(*this);
-    m_bChangingTool = false;
-    if (!iLoaded)
+    const CFlagDuring changing(m_bChangingTool);
+    if (!tool.OnLoad(*this))
         return FALSE;
     m_pEmbeddedTool = &tool;
+    ++m_uToolLoads;
     return TRUE;
 }
 
@@ -22,9 +39,10 @@ void CPixtane::UnloadEmbeddedTool()
 {
     if (!m_pEmbeddedTool || m_bChangingTool)
         return;
-    m_bChangingTool = true;
-    m_pEmbeddedTool->OnUnload();
-    m_bChangingTool = false;
+    {
+        const CFlagDuring changing(m_bChangingTool);
+        m_pEmbeddedTool->OnUnload();
+    }
     m_pEmbeddedTool = nullptr;
     if (m_hWnd)
         Invalidate(FALSE);

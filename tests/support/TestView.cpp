@@ -67,6 +67,8 @@ BOOL CTestHost::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* plResult)
 {
     const NMHDR* pNotify = reinterpret_cast<const NMHDR*>(lParam);
     EXPECT_EQ(wParam, reinterpret_cast<WPARAM>(pNotify->hwndFrom));
+    EXPECT_EQ(::GetParent(pNotify->hwndFrom), m_hWnd);
+    EXPECT_EQ(pNotify->idFrom, static_cast<UINT_PTR>(::GetDlgCtrlID(pNotify->hwndFrom)));
     char szText[16];
     std::snprintf(szText, sizeof(szText), "N%x ", pNotify->code);
     if (pLog)

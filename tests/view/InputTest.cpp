@@ -154,6 +154,10 @@ TEST_F(InputTest, KeysScrollByATenthOfTheView)
     user->KeyDown(VK_CONTROL);
     user->Type(VK_RIGHT);
     EXPECT_EQ(pView->ptDispPos(), Gdiplus::Point(101, 100)) << "at least one pixel";
+    pView->SetZoom(1e8);
+    pView->SetDispPosition(0x7FFFFFFF - 9, 0);
+    user->Type(VK_RIGHT);
+    EXPECT_EQ(pView->ptDispPos().X, 0x7FFFFFFF - 8) << "the last position there is";
     user->KeyUp(VK_CONTROL);
 }
 
@@ -203,6 +207,8 @@ TEST_F(InputTest, TheParentFindsThePointOfTheVeryEvent)
 TEST_F(InputTest, AnEmptyViewKeepsFocusCursorAndTimers)
 {
     pView->ClearBitmap(TRUE);
+    ::SetFocus(pHost->m_hWnd);
+    ::SetCursor(nullptr);
     strLog.clear();
     user->Click({5, 5});
     user->Move({6, 6});

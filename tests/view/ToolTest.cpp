@@ -54,27 +54,30 @@ TEST_F(ToolTest, PaintsZoomsAndScrollsReachTheTool)
 TEST_F(ToolTest, ToolsMayUnloadOrReplaceThemselvesFromAnyCall)
 {
     pView->SetBitmap(bitmap.info, bitmap.vBits.data());
-    for (const bool bReplace : {false, true})
+    for (Pixtane::CPixtane::IEmbeddedTool* const pNext : {&first, &second, static_cast<CRecordingTool*>(nullptr)})
     {
-        for (const std::string strFrom :
-             {"pre", "post", "down", "up", "move", "wheel", "key", "timer", "zoomed", "scrolled"})
+        for (const std::string strFrom : {"pre", "post", "down", "up", "double", "move", "wheel", "key", "keyup",
+                                          "syskey", "syskeyup", "capture", "timer", "zoomed", "scrolled"})
         {
             SCOPED_TRACE(strFrom);
-            first.bLogPaints = true;
+            first.bLogPaints = second.bLogPaints = true;
             bool bDone = false;
             first.inside = [&](const std::string& strCall)
             {
                 if (strCall != strFrom || std::exchange(bDone, true))
                     return;
-                bReplace ? static_cast<void>(pView->LoadEmbeddedTool(second)) : pView->UnloadEmbeddedTool();
+                pNext ? static_cast<void>(pView->LoadEmbeddedTool(*pNext)) : pView->UnloadEmbeddedTool();
             };
             ASSERT_TRUE(pView->LoadEmbeddedTool(first));
             pView->SetZoom(8);
             pView->SetDispPosition(40, 40);
-            for (const UINT uMessage : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_MOUSEMOVE, WM_MOUSEWHEEL, WM_TIMER})
+            for (const UINT uMessage : {WM_LBUTTONDOWN, WM_LBUTTONUP, WM_LBUTTONDBLCLK, WM_LBUTTONUP, WM_MOUSEMOVE,
+                                        WM_MOUSEWHEEL, WM_TIMER, WM_KEYDOWN, WM_KEYUP, WM_SYSKEYDOWN, WM_SYSKEYUP})
                 pView->SendMessage(uMessage, 100, MAKELPARAM(5, 5));
-            pView->SendMessage(WM_KEYDOWN, VK_SPACE, 1);
-            EXPECT_EQ(pView->pEmbeddedTool(), bReplace ? &second : nullptr);
+            pView->SendMessage(WM_CAPTURECHANGED, 0, 0);
+            // Who did not see a paint begin does not see it end.
+            EXPECT_EQ(TakeLog().find(pNext ? "pre unload load post" : "pre unload post"), std::string::npos);
+            EXPECT_EQ(pView->pEmbeddedTool(), pNext);
             pView->UnloadEmbeddedTool();
             first.inside = nullptr;
             pView->SetZoom(1);
