@@ -24,6 +24,7 @@ using LPARAM = LONG_PTR;
 using LRESULT = LONG_PTR;
 using ATOM = WORD;
 using COLORREF = DWORD;
+using WCHAR = wchar_t;
 using LPCWSTR = const wchar_t*;
 using LPWSTR = wchar_t*;
 using LPCTSTR = LPCWSTR;

@@ -1,12 +1,16 @@
 #pragma once
 
 #include "gdi/Gdi.h"
+#include "gdiplus/Pens.h"
+#include "gdiplus/Types.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
+#include <span>
 
-// The part of GDI+ that winlite offers: start-up, and drawing a bitmap with nearest-neighbour sampling at pixel
-// centres.
+// The part of GDI+ that winlite offers: start-up, drawing a bitmap with nearest-neighbour sampling at pixel centres,
+// and outlines one pixel wide. User-interface thread only.
 
 namespace winlite
 {
@@ -16,78 +20,6 @@ class Dib;
 
 namespace Gdiplus
 {
-
-using REAL = float;
-
-enum Status
-{
-    Ok = 0,
-    GenericError = 1,
-    InvalidParameter = 2,
-    NotImplemented = 6,
-    GdiplusNotInitialized = 18,
-};
-
-enum Unit
-{
-    UnitPixel = 2,
-};
-
-enum InterpolationMode
-{
-    InterpolationModeNearestNeighbor = 5,
-};
-
-enum PixelOffsetMode
-{
-    PixelOffsetModeHalf = 4,
-};
-
-class Point
-{
-public:
-    int X = 0;
-    int Y = 0;
-    Point() = default;
-    Point(int x, int y) : X(x), Y(y) {}
-    bool operator==(const Point&) const = default;
-    bool Equals(const Point& other) const { return *this == other; }
-};
-
-class PointF
-{
-public:
-    REAL X = 0;
-    REAL Y = 0;
-    PointF() = default;
-    PointF(REAL x, REAL y) : X(x), Y(y) {}
-    bool operator==(const PointF&) const = default;
-    bool Equals(const PointF& other) const { return *this == other; }
-};
-
-class SizeF
-{
-public:
-    REAL Width = 0;
-    REAL Height = 0;
-    SizeF() = default;
-    SizeF(REAL cx, REAL cy) : Width(cx), Height(cy) {}
-    bool operator==(const SizeF&) const = default;
-    bool Equals(const SizeF& other) const { return *this == other; }
-};
-
-class RectF
-{
-public:
-    REAL X = 0;
-    REAL Y = 0;
-    REAL Width = 0;
-    REAL Height = 0;
-    RectF() = default;
-    RectF(REAL x, REAL y, REAL cx, REAL cy) : X(x), Y(y), Width(cx), Height(cy) {}
-    bool operator==(const RectF&) const = default;
-    bool Equals(const RectF& other) const { return *this == other; }
-};
 
 /// Input version 1 only; the other members have no effect here: there is no background thread and there are no codecs.
 struct GdiplusStartupInput
@@ -152,6 +84,10 @@ public:
     Status SetPixelOffsetMode(PixelOffsetMode mode);
     Status SetInterpolationMode(InterpolationMode mode);
 
+    /// Outlines are never smoothed, and text is always antialiased in greys: the modes there are change nothing.
+    Status SetSmoothingMode(SmoothingMode mode);
+    Status SetTextRenderingHint(TextRenderingHint hint);
+
     /// What the latest call came to, the constructor included.
     Status GetLastStatus() const;
 
@@ -164,11 +100,36 @@ public:
                      const ImageAttributes* pAttributes = nullptr, void* pCallback = nullptr,
                      void* pCallbackData = nullptr);
 
+    /// Draws the line's pixels, both ends included, as GDI's lines run. Outlines take coordinates rounded to whole
+    /// pixels, whatever the offset mode, and change each of their pixels once. InvalidParameter for a bad pen and for
+    /// numbers that are not finite. Different from GDI+: NotImplemented for pens wider than 1, ValueOverflow for
+    /// coordinates beyond 2^26; a line without length draws its one pixel.
+    Status DrawLine(const Pen* pPen, REAL x1, REAL y1, REAL x2, REAL y2);
+    Status DrawLine(const Pen* pPen, int x1, int y1, int x2, int y2);
+    Status DrawLine(const Pen* pPen, const Point& ptFirst, const Point& ptLast);
+    Status DrawLine(const Pen* pPen, const PointF& ptFirst, const PointF& ptLast);
+
+    /// Draws the border of the pixels x..x + cx by y..y + cy, all inclusive; nothing when a size is not positive.
+    Status DrawRectangle(const Pen* pPen, REAL x, REAL y, REAL cx, REAL cy);
+    Status DrawRectangle(const Pen* pPen, int x, int y, int cx, int cy);
+    Status DrawRectangle(const Pen* pPen, const Rect& rc);
+    Status DrawRectangle(const Pen* pPen, const RectF& rc);
+
+    /// Draws the midpoint ellipse that touches the sides of that border; nothing when a size is not positive.
+    /// ValueOverflow for sizes of 65536 and more.
+    Status DrawEllipse(const Pen* pPen, REAL x, REAL y, REAL cx, REAL cy);
+    Status DrawEllipse(const Pen* pPen, int x, int y, int cx, int cy);
+    Status DrawEllipse(const Pen* pPen, const Rect& rc);
+    Status DrawEllipse(const Pen* pPen, const RectF& rc);
+
 private:
+    Status CheckPen(const Pen* pPen, std::initializer_list<REAL> vNumbers) const;
+    void DrawOutline(const Pen& pen, std::span<const RECT> vPixels) const;
+
     std::shared_ptr<winlite::DeviceContext> m_pDC;
     bool m_bHalfOffset = false;
     bool m_bNearest = false;
-    Status m_Status = Ok;
+    mutable Status m_Status = Ok; ///< Measuring sets it too.
 };
 
 } // namespace Gdiplus

@@ -92,6 +92,21 @@ Status Graphics::SetInterpolationMode(InterpolationMode mode)
     return m_Status = m_bNearest ? Ok : NotImplemented;
 }
 
+Status Graphics::SetSmoothingMode(SmoothingMode mode)
+{
+    if (!m_pDC)
+        return InvalidParameter;
+    return m_Status = mode == SmoothingModeNone ? Ok : NotImplemented;
+}
+
+Status Graphics::SetTextRenderingHint(TextRenderingHint hint)
+{
+    if (!m_pDC)
+        return InvalidParameter;
+    const bool bOffered = hint == TextRenderingHintSystemDefault || hint == TextRenderingHintAntiAliasGridFit;
+    return m_Status = bOffered ? Ok : NotImplemented;
+}
+
 Status Graphics::GetLastStatus() const { return m_Status; }
 
 Status Graphics::DrawImage(Image* pImage, const RectF& rcDest, REAL xSrc, REAL ySrc, REAL cxSrc, REAL cySrc, Unit unit,
