@@ -6,7 +6,8 @@ cd "$(dirname "$0")/.."
 preset=$1
 shift
 . scripts/packages.sh
-install_missing g++ cmake ninja-build pkg-config libpixman-1-dev libhwy-dev libgtest-dev qt6-base-dev libxcb1-dev
+install_missing g++ cmake ninja-build pkg-config libpixman-1-dev libhwy-dev libcairo2-dev libpango1.0-dev \
+    libfontconfig-dev fonts-dejavu-core libgtest-dev qt6-base-dev libxcb1-dev
 
 if [ ! -f "build/$preset/build.ninja" ] || [ $# -gt 0 ]; then
     cmake --preset "$preset" "$@" >/dev/null

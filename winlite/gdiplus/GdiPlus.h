@@ -2,6 +2,7 @@
 
 #include "gdi/Gdi.h"
 #include "gdiplus/Pens.h"
+#include "gdiplus/Text.h"
 #include "gdiplus/Types.h"
 
 #include <cstdint>
@@ -10,7 +11,7 @@
 #include <span>
 
 // The part of GDI+ that winlite offers: start-up, drawing a bitmap with nearest-neighbour sampling at pixel centres,
-// and outlines one pixel wide. User-interface thread only.
+// outlines one pixel wide, and text. User-interface thread only.
 
 namespace winlite
 {
@@ -122,8 +123,28 @@ public:
     Status DrawEllipse(const Pen* pPen, const Rect& rc);
     Status DrawEllipse(const Pen* pPen, const RectF& rc);
 
+    /// Draws text of nLength characters, or up to its NUL for -1, beside the point as the format (NULL: a plain one)
+    /// says. Lines end at line feeds and are never wrapped. x is where the first line's leading margin begins (Near),
+    /// where its middle is (Center) or where its trailing margin ends (Far), and y the top of the first line (Near),
+    /// the middle of all or the bottom of the last. Trailing blanks of a line do not count, unless the format says so.
+    /// Text begins at whole pixels. Different from GDI+: advances are whole pixels; no tab stops of the format; lines
+    /// too large for a picture of 32767 pixels each way give ValueOverflow.
+    Status DrawString(const WCHAR* pszText, INT nLength, const Font* pFont, const PointF& ptOrigin,
+                      const StringFormat* pFormat, const Brush* pBrush);
+    Status DrawString(const WCHAR* pszText, INT nLength, const Font* pFont, const PointF& ptOrigin,
+                      const Brush* pBrush);
+
+    /// The box that DrawString would use: the widest line's advance and a margin of em/6 on either side, by whole
+    /// lines. No size for no text.
+    Status MeasureString(const WCHAR* pszText, INT nLength, const Font* pFont, const PointF& ptOrigin,
+                         const StringFormat* pFormat, RectF* prcBounds) const;
+    Status MeasureString(const WCHAR* pszText, INT nLength, const Font* pFont, const PointF& ptOrigin,
+                         RectF* prcBounds) const;
+
 private:
     Status CheckPen(const Pen* pPen, std::initializer_list<REAL> vNumbers) const;
+    Status CheckText(const WCHAR* pszText, INT nLength, const Font* pFont, const PointF& ptOrigin,
+                     const StringFormat& format) const;
     void DrawOutline(const Pen& pen, std::span<const RECT> vPixels) const;
 
     std::shared_ptr<winlite::DeviceContext> m_pDC;

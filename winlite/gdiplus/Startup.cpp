@@ -1,6 +1,7 @@
 #include "gdiplus/Startup.h"
 
 #include "gdiplus/GdiPlus.h"
+#include "gdiplus/TextEngine.h"
 
 #include <atomic>
 
@@ -33,6 +34,8 @@ void GdiplusShutdown(ULONG_PTR uToken)
     while (uToken == TOKEN && nStarts > 0 && !s_nStarts.compare_exchange_weak(nStarts, nStarts - 1))
     {
     }
+    if (!IsStarted())
+        winlite::TextEngine::Release();
 }
 
 } // namespace Gdiplus
