@@ -1,6 +1,4 @@
-#include "Canvas.h"
-
-#include "gdiplus/GdiPlus.h"
+#include "GdiPlusStarted.h"
 
 #include <cmath>
 #include <limits>
@@ -10,22 +8,8 @@ using namespace Gdiplus;
 namespace
 {
 
-class GdiPlusTest : public HandleTest
+class GdiPlusTest : public GdiPlusStarted
 {
-protected:
-    void SetUp() override
-    {
-        const GdiplusStartupInput input;
-        ASSERT_EQ(GdiplusStartup(&m_uToken, &input, nullptr), Ok);
-        ASSERT_NE(m_uToken, 0u);
-    }
-    void TearDown() override
-    {
-        GdiplusShutdown(m_uToken);
-        HandleTest::TearDown();
-    }
-
-    ULONG_PTR m_uToken = 0;
 };
 
 BITMAPINFO Info(int cx, int cy) { return {{40, cx, cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}}; }
