@@ -57,6 +57,7 @@ public:
     int iStretchMode = BLACKONWHITE;
     POINT ptBrushOrigin = {};
     POINT ptCurrent = {};
+    std::uint64_t nDashPosition = 0; ///< Pixels that LineTo has drawn since the last MoveToEx.
 
 private:
     void UpdateClip();

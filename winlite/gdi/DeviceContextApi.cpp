@@ -34,6 +34,34 @@ COLORREF GetBkColor(HDC hDC)
     return pDC ? pDC->crBackground : CLR_INVALID;
 }
 
+int SetBkMode(HDC hDC, int iMode)
+{
+    const auto pDC = FindDC(hDC);
+    if (!pDC || (iMode != TRANSPARENT && iMode != OPAQUE))
+        return 0;
+    return std::exchange(pDC->iBkMode, iMode);
+}
+
+int GetBkMode(HDC hDC)
+{
+    const auto pDC = FindDC(hDC);
+    return pDC ? pDC->iBkMode : 0;
+}
+
+int SetROP2(HDC hDC, int iRop2)
+{
+    const auto pDC = FindDC(hDC);
+    if (!pDC || iRop2 < R2_BLACK || iRop2 > R2_WHITE)
+        return 0;
+    return std::exchange(pDC->iRop2, iRop2);
+}
+
+int GetROP2(HDC hDC)
+{
+    const auto pDC = FindDC(hDC);
+    return pDC ? pDC->iRop2 : 0;
+}
+
 int SetStretchBltMode(HDC hDC, int iMode)
 {
     const auto pDC = FindDC(hDC);

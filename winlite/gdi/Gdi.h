@@ -1,45 +1,9 @@
 #pragma once
 
-#include "base/Types.h"
+#include "gdi/Constants.h"
 
 // The GDI functions that winlite offers, with Windows' names and behaviour. All of them belong to the user-interface
 // thread; every failure is the function's own failure result, never an exception.
-
-// ---- constants
-
-constexpr int ERROR = 0; ///< The failure result of the region functions.
-constexpr int NULLREGION = 1;
-constexpr int SIMPLEREGION = 2;
-constexpr int COMPLEXREGION = 3;
-
-constexpr int RGN_AND = 1;
-constexpr int RGN_OR = 2;
-constexpr int RGN_XOR = 3;
-constexpr int RGN_DIFF = 4;
-constexpr int RGN_COPY = 5;
-
-constexpr int BLACKONWHITE = 1;
-constexpr int COLORONCOLOR = 3;
-
-constexpr int PS_SOLID = 0;
-constexpr int PS_NULL = 5;
-
-constexpr int TRANSPARENT = 1;
-constexpr int OPAQUE = 2;
-
-constexpr int R2_COPYPEN = 13;
-
-constexpr DWORD SRCCOPY = 0x00CC0020;
-constexpr COLORREF CLR_INVALID = 0xFFFFFFFF;
-
-constexpr int WHITE_BRUSH = 0;
-constexpr int BLACK_BRUSH = 4;
-constexpr int NULL_BRUSH = 5;
-constexpr int BLACK_PEN = 7;
-constexpr int NULL_PEN = 8;
-
-constexpr DWORD BI_RGB = 0;
-constexpr DWORD RDH_RECTANGLES = 1;
 
 // ---- structures
 
@@ -107,8 +71,12 @@ struct XFORM
 
 // ---- objects
 
-/// A stock object (WHITE_BRUSH, BLACK_BRUSH, NULL_BRUSH, BLACK_PEN, NULL_PEN); NULL for other numbers.
+/// A stock object (WHITE_BRUSH, BLACK_BRUSH, NULL_BRUSH, WHITE_PEN, BLACK_PEN, NULL_PEN); NULL for other numbers.
 HGDIOBJ GetStockObject(int iObject);
+
+/// A pen of one of the PS_ styles. A width of 0 or less counts as 1; wider pens draw solid. NULL for other styles and
+/// for widths above 0x7FFF.
+HPEN CreatePen(int iStyle, int iWidth, COLORREF cr);
 
 /// A brush of one colour.
 HBRUSH CreateSolidBrush(COLORREF cr);
@@ -140,6 +108,16 @@ BOOL DeleteDC(HDC hDC);
 COLORREF SetBkColor(HDC hDC, COLORREF cr);
 COLORREF GetBkColor(HDC hDC);
 
+/// Whether the gaps of dashed pens stay as they are (TRANSPARENT) or take the background colour (OPAQUE); the mode
+/// before, 0 on failure.
+int SetBkMode(HDC hDC, int iMode);
+int GetBkMode(HDC hDC);
+
+/// How pens, and the brushes of Rectangle and Ellipse, combine with what they are drawn on, bitwise on all 32 bits; the
+/// mode before, 0 on failure.
+int SetROP2(HDC hDC, int iRop2);
+int GetROP2(HDC hDC);
+
 /// Sets how StretchBlt shrinks (BLACKONWHITE, COLORONCOLOR) and returns the mode before; 0 for others.
 int SetStretchBltMode(HDC hDC, int iMode);
 
@@ -165,6 +143,15 @@ HBITMAP CreateBitmapFromPackedDIB(const void* pDib, std::size_t nBytes);
 /// copied, or the size of all rows when pBits is NULL; 0 on failure.
 LONG GetBitmapBits(HBITMAP hBitmap, LONG nBytes, LPVOID pBits);
 
+/// Copies the bitmap's lines iStart to iStart + nLines into a DIB of 24 or 32 bits, to whose line iStart pBits points.
+/// Line 0 is the bitmap's bottom row, or its top row when biHeight is negative. The lines copied; 0 on failure. With
+/// NULL bits, describes the bitmap as a 32-bit DIB in the header and returns its height. hDC and uUsage have no effect.
+int GetDIBits(HDC hDC, HBITMAP hBitmap, UINT iStart, UINT nLines, LPVOID pBits, BITMAPINFO* pInfo, UINT uUsage);
+
+/// Copies lines of a DIB of 16, 24 or 32 bits into the bitmap, counted as by GetDIBits. The lines copied.
+int SetDIBits(HDC hDC, HBITMAP hBitmap, UINT iStart, UINT nLines, const void* pBits, const BITMAPINFO* pInfo,
+              UINT uUsage);
+
 // ---- drawing
 
 /// Fills the half-open rectangle with the brush; an empty or inverted one nothing. Nonzero on success.
@@ -172,6 +159,30 @@ int FillRect(HDC hDC, const RECT* prc, HBRUSH hBrush);
 
 /// The pixel as COLORREF; CLR_INVALID outside the clip region or the surface.
 COLORREF GetPixel(HDC hDC, int x, int y);
+
+/// Moves the current position, where the next LineTo begins, with its dashes at their start. The position before goes
+/// to pptOld unless NULL.
+BOOL MoveToEx(HDC hDC, int x, int y, LPPOINT pptOld);
+
+/// Draws from the current position to just before the point, which becomes the current position. The pixels lie
+/// nearest to the exact line, ties going to the smaller coordinate, and clipping changes neither them nor the dashes,
+/// which run on from LineTo to LineTo. Different from Windows: pens wider than 1 have square ends and joints.
+BOOL LineTo(HDC hDC, int x, int y);
+
+/// Draws lines from each point to just before the next, with the dashes running on; the current position takes no part.
+/// FALSE for fewer than two points.
+BOOL Polyline(HDC hDC, const POINT* pPoints, int nPoints);
+
+/// Outlines the box (put in order first) from its upper-right pixel to the left and on around, each pixel once, and
+/// fills what is within; with a null pen, all but the box's last row and column. A 1 x 1 box draws nothing. FALSE when
+/// a side does not fit 31 bits.
+BOOL Rectangle(HDC hDC, int iLeft, int iTop, int iRight, int iBottom);
+
+/// Outlines the ellipse that touches the sides of the box (put in order first), counter-clockwise from the right, each
+/// pixel once, and fills what is within; with a null pen, the pixels of CreateEllipticRgn. Different from Windows: the
+/// pixels are those of the midpoint ellipse, and a pen wider than 1 is drawn over the filling. FALSE when a side does
+/// not fit 31 bits.
+BOOL Ellipse(HDC hDC, int iLeft, int iTop, int iRight, int iBottom);
 
 /// Copies pixels, all 32 bits, as if the source were copied first; what lies outside the source surface leaves the
 /// destination as it is. Negative sizes mirror as in StretchBlt. Only SRCCOPY: FALSE for other operations.
@@ -184,6 +195,12 @@ BOOL BitBlt(HDC hDest, int x, int y, int cx, int cy, HDC hSrc, int xSrc, int ySr
 BOOL StretchBlt(HDC hDest, int x, int y, int cx, int cy, HDC hSrc, int xSrc, int ySrc, int cxSrc, int cySrc,
                 DWORD dwRop);
 
+/// Copies the pixels, all 32 bits, whose colour is not crTransparent, as if the source were copied first; different
+/// sizes repeat or drop pixels. FALSE, copying nothing, for negative sizes and for a source rectangle that is not
+/// within its surface.
+BOOL TransparentBlt(HDC hDest, int x, int y, int cx, int cy, HDC hSrc, int xSrc, int ySrc, int cxSrc, int cySrc,
+                    UINT crTransparent);
+
 // ---- regions: see also Region.h
 
 /// A rectangle region; edges in the wrong order are swapped, equal edges make an empty region.
@@ -193,6 +210,18 @@ inline HRGN CreateRectRgnIndirect(const RECT* prc)
     return CreateRectRgn(prc->left, prc->top, prc->right, prc->bottom);
 }
 BOOL SetRectRgn(HRGN hRgn, int iLeft, int iTop, int iRight, int iBottom);
+
+/// The pixels within a polygon, which is closed: those on a left or upper edge are in, on a right or lower one out.
+/// NULL for fewer than two points, for other modes than ALTERNATE and WINDING, and for coordinates beyond +-2^27.
+HRGN CreatePolygonRgn(const POINT* pPoints, int nPoints, int iMode);
+
+/// The pixels whose centres lie in the ellipse that touches the sides of the box (put in order first), less its last
+/// row and column. NULL when a side does not fit 31 bits or memory is short. Different from Windows: the exact ellipse.
+HRGN CreateEllipticRgn(int iLeft, int iTop, int iRight, int iBottom);
+inline HRGN CreateEllipticRgnIndirect(const RECT* prc)
+{
+    return CreateEllipticRgn(prc->left, prc->top, prc->right, prc->bottom);
+}
 
 /// Combines into an existing destination, which may be a source too; RGN_COPY looks at source 1 only. The complexity of
 /// the result, or ERROR with the destination unchanged.

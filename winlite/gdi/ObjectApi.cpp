@@ -1,5 +1,6 @@
 #include "gdi/Handles.h"
 
+#include <algorithm>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -8,6 +9,9 @@ using namespace winlite;
 
 namespace
 {
+
+// Wide enough for any drawing, and coordinates with it still fit.
+constexpr int MOST_PEN_WIDTH = 0x7FFF;
 
 template<class T>
 HANDLE OpenStock(std::shared_ptr<T> pObject)
@@ -25,11 +29,13 @@ HANDLE StockBrush(std::optional<COLORREF> crSolid)
     return OpenStock(std::move(pBrush));
 }
 
-HANDLE StockPen(int iStyle)
+std::shared_ptr<PenObject> NewPen(int iStyle, int iWidth, COLORREF cr)
 {
     auto pPen = std::make_shared<PenObject>();
     pPen->iStyle = iStyle;
-    return OpenStock(std::move(pPen));
+    pPen->iWidth = std::max(iWidth, 1);
+    pPen->cr = cr;
+    return pPen;
 }
 
 HGDIOBJ SelectBitmap(HDC hDC, DeviceContext& dc, HBITMAP hBitmap, BitmapObject& bitmap)
@@ -64,8 +70,9 @@ HGDIOBJ GetStockObject(int iObject)
     static const HANDLE hWhiteBrush = StockBrush(RGB(255, 255, 255));
     static const HANDLE hBlackBrush = StockBrush(RGB(0, 0, 0));
     static const HANDLE hNullBrush = StockBrush(std::nullopt);
-    static const HANDLE hBlackPen = StockPen(PS_SOLID);
-    static const HANDLE hNullPen = StockPen(PS_NULL);
+    static const HANDLE hWhitePen = OpenStock(NewPen(PS_SOLID, 1, RGB(255, 255, 255)));
+    static const HANDLE hBlackPen = OpenStock(NewPen(PS_SOLID, 1, RGB(0, 0, 0)));
+    static const HANDLE hNullPen = OpenStock(NewPen(PS_NULL, 1, RGB(0, 0, 0)));
     switch (iObject)
     {
     case WHITE_BRUSH:
@@ -74,6 +81,8 @@ HGDIOBJ GetStockObject(int iObject)
         return hBlackBrush;
     case NULL_BRUSH:
         return hNullBrush;
+    case WHITE_PEN:
+        return hWhitePen;
     case BLACK_PEN:
         return hBlackPen;
     case NULL_PEN:
@@ -81,6 +90,12 @@ HGDIOBJ GetStockObject(int iObject)
     default:
         return nullptr;
     }
+}
+
+HPEN CreatePen(int iStyle, int iWidth, COLORREF cr)
+{
+    const bool bKnown = iStyle >= PS_SOLID && iStyle <= PS_NULL;
+    return bKnown && iWidth <= MOST_PEN_WIDTH ? OpenTyped<HPEN>(NewPen(iStyle, iWidth, cr)) : nullptr;
 }
 
 HBRUSH CreateSolidBrush(COLORREF cr)
