@@ -24,6 +24,9 @@ inline std::shared_ptr<RegionObject> FindRegion(HRGN hRgn) { return FindTyped<Re
 inline std::shared_ptr<BitmapObject> FindBitmap(HBITMAP hBitmap) { return FindTyped<BitmapObject>(hBitmap); }
 inline std::shared_ptr<BrushObject> FindBrush(HBRUSH hBrush) { return FindTyped<BrushObject>(hBrush); }
 
+/// A new handle for the region.
+HRGN OpenRegion(Region rgn);
+
 /// The 1 x 1 monochrome bitmap that every fresh memory device context holds.
 HBITMAP StockBitmap();
 

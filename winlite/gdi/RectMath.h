@@ -16,7 +16,20 @@ constexpr int Saturated(std::int64_t iValue)
     return static_cast<int>(std::clamp(iValue, iLeast, iMost));
 }
 
+/// A rectangle with its edges put in order.
+constexpr RECT Ordered(int iLeft, int iTop, int iRight, int iBottom)
+{
+    return {std::min(iLeft, iRight), std::min(iTop, iBottom), std::max(iLeft, iRight), std::max(iTop, iBottom)};
+}
+
 constexpr bool HasArea(const RECT& rc) { return rc.left < rc.right && rc.top < rc.bottom; }
+
+/// Whether the sides of a rectangle in order fit an int.
+constexpr bool SidesFit(const RECT& rc)
+{
+    constexpr std::int64_t nMost = std::numeric_limits<int>::max();
+    return std::int64_t{rc.right} - rc.left <= nMost && std::int64_t{rc.bottom} - rc.top <= nMost;
+}
 
 /// What both rectangles hold; without area when they have nothing in common.
 constexpr RECT Intersection(const RECT& rcOne, const RECT& rcOther)

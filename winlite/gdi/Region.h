@@ -8,6 +8,9 @@
 namespace winlite
 {
 
+/// Coordinates of regions that applications make and move: at least -2^27 and below 2^27.
+constexpr std::int64_t REGION_COORDINATE_LIMIT = std::int64_t{1} << 27;
+
 /// A set of pixels. It is kept as rectangles in y-x bands, over pixman's regions:
 ///
 ///     +--+  +----+      rectangles of one band share top and bottom, stand from left to right and neither touch nor

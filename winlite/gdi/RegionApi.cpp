@@ -8,24 +8,10 @@ using namespace winlite;
 namespace
 {
 
-// Coordinates that a region may be moved to: at least -2^27 and below 2^27.
-constexpr std::int64_t COORDINATE_LIMIT = std::int64_t{1} << 27;
-
-RECT Ordered(int iLeft, int iTop, int iRight, int iBottom)
-{
-    return {std::min(iLeft, iRight), std::min(iTop, iBottom), std::max(iLeft, iRight), std::max(iTop, iBottom)};
-}
-
-HRGN OpenRegion(Region rgn)
-{
-    auto pRegion = std::make_shared<RegionObject>();
-    pRegion->rgn = std::move(rgn);
-    return OpenTyped<HRGN>(std::move(pRegion));
-}
-
 bool StaysInRange(int iFirst, int iEnd, int iMove)
 {
-    return std::int64_t{iFirst} + iMove >= -COORDINATE_LIMIT && std::int64_t{iEnd} + iMove < COORDINATE_LIMIT;
+    return std::int64_t{iFirst} + iMove >= -REGION_COORDINATE_LIMIT &&
+           std::int64_t{iEnd} + iMove < REGION_COORDINATE_LIMIT;
 }
 
 Region Combined(Region rgn, const Region& rgnOther, int iMode)
@@ -49,6 +35,13 @@ Region Combined(Region rgn, const Region& rgnOther, int iMode)
 }
 
 } // namespace
+
+HRGN winlite::OpenRegion(Region rgn)
+{
+    auto pRegion = std::make_shared<RegionObject>();
+    pRegion->rgn = std::move(rgn);
+    return OpenTyped<HRGN>(std::move(pRegion));
+}
 
 HRGN CreateRectRgn(int iLeft, int iTop, int iRight, int iBottom)
 {
