@@ -1,6 +1,7 @@
 #include "gdi/Handles.h"
 #include "gdi/PixelRows.h"
 #include "gdi/RectMath.h"
+#include "gdi/SourceCopy.h"
 #include "gdi/StretchAxis.h"
 
 #include <cstring>
@@ -15,35 +16,9 @@ PixelRows RowsOf(const std::uint32_t* pPixels, std::ptrdiff_t nStride)
     return {reinterpret_cast<const BYTE*>(pPixels), nStride * std::ptrdiff_t{sizeof(std::uint32_t)}, 32};
 }
 
-SourceRange SourceExtent(const NearestAxis& axis)
-{
-    const auto [itLeast, itMost] = std::ranges::minmax_element(axis.vSource);
-    return {*itLeast, *itMost + 1};
-}
-
 RECT DestBox(const StretchAxis& axisX, const StretchAxis& axisY)
 {
     return {axisX.First(), axisY.First(), axisX.End(), axisY.End()};
-}
-
-/// Copies the source pixels that the axes name and lets the axes name the copy's.
-std::vector<std::uint32_t> TakeSource(const Surface& source, NearestAxis& axisX, NearestAxis& axisY)
-{
-    const SourceRange columns = SourceExtent(axisX);
-    const SourceRange rows = SourceExtent(axisY);
-    const int cx = columns.iEnd - columns.iFirst;
-    std::vector<std::uint32_t> vCopy;
-    vCopy.reserve(static_cast<std::size_t>(cx) * (rows.iEnd - rows.iFirst));
-    for (int y = rows.iFirst; y < rows.iEnd; ++y)
-    {
-        const std::uint32_t* pRow = source.Pixels() + y * source.Stride() + columns.iFirst;
-        vCopy.insert(vCopy.end(), pRow, pRow + cx);
-    }
-    for (int& iColumn : axisX.vSource)
-        iColumn -= columns.iFirst;
-    for (int& iRow : axisY.vSource)
-        iRow -= rows.iFirst;
-    return vCopy;
 }
 
 /// Moves a rectangle's pixels within its surface, in the order that reads each row before it is written.
@@ -72,9 +47,8 @@ RECT DrawWithin(Surface& surface, const Region& rgnClip, const StretchAxis& stre
         MoveRect(surface, rcDest, axisX.vSource.front(), axisY.vSource.front());
         return rcDest;
     }
-    const std::vector<std::uint32_t> vCopy = TakeSource(surface, axisX, axisY);
-    const std::ptrdiff_t nStride = SourceExtent(axisX).iEnd;
-    return DrawRows(surface, rgnClip, RowsOf(vCopy.data(), nStride), axisX, axisY);
+    const SourceCopy copy(surface, axisX, axisY);
+    return DrawRows(surface, rgnClip, RowsOf(copy.Pixels(), copy.Stride()), axisX, axisY);
 }
 
 RECT DrawNearestPixels(Surface& dest, const Region& rgnClip, const Surface& source, const StretchAxis& axisX,
