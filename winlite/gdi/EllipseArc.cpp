@@ -22,9 +22,11 @@ EllipseArc::EllipseArc(const RECT& rcBox, SideX sideX, SideY sideY, Direction di
 {
     m_nFlat = FlatSteps();
     m_LastFlat = DistanceInFlatPart(m_nFlat);
-    // Below the flat part every row has one pixel, but the middle row reaches to the side whatever its width.
-    const std::int64_t nSteepRows = (m_LastFlat.v - (m_b & 1)) / 2;
-    m_iEnd = m_nFlat + nSteepRows + 1;
+    // Where the curve turns steep it may fall by two rows, of which the steep part takes one.
+    if (m_nFlat > 0)
+        m_LastFlat.v = std::max(m_LastFlat.v, DistanceInFlatPart(m_nFlat - 1).v - 2);
+    m_nSteepRows = (m_LastFlat.v - (m_b & 1)) / 2;
+    m_iEnd = m_nFlat + m_nSteepRows + 1;
     m_iEnd += (m_a - DistanceAt(m_iEnd - 1).u) / 2;
 }
 
@@ -74,12 +76,12 @@ EllipseArc::Distance EllipseArc::DistanceAt(std::int64_t iStep) const
 {
     if (iStep < m_nFlat)
         return DistanceInFlatPart(iStep);
-    const std::int64_t vMiddle = m_b & 1;
-    const std::int64_t v = m_LastFlat.v - 2 * (iStep - m_nFlat);
-    const std::int64_t vRow = std::max(v, vMiddle);
-    const std::int64_t uMost = iStep == m_nFlat ? m_LastFlat.u : m_CurveByRow.ReachAt(vRow) + 1;
-    const std::int64_t u = std::max(WithParityOf(m_a, uMost), m_LastFlat.u);
-    return {std::min(u + (vRow - v), m_a), vRow};
+    // One row down per step, then along the middle row to the side, whatever its width.
+    const std::int64_t nRows = std::min(iStep - m_nFlat, m_nSteepRows);
+    const std::int64_t nAlongMiddle = iStep - m_nFlat - nRows;
+    const std::int64_t v = m_LastFlat.v - 2 * nRows;
+    const std::int64_t uNearest = WithParityOf(m_a, m_CurveByRow.ReachAt(v) + 1);
+    return {std::clamp(uNearest, m_LastFlat.u, m_LastFlat.u + 2 * nRows) + 2 * nAlongMiddle, v};
 }
 
 POINT EllipseArc::PixelAt(const Distance& distance) const

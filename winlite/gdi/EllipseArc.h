@@ -63,7 +63,8 @@ private:
     Direction m_Direction;
     std::int64_t m_nFlat = 0; ///< Steps to the last pixel of the flat part.
     Distance m_LastFlat = {};
-    std::int64_t m_iFirst = 0; ///< The part of the quarter's steps that is taken.
+    std::int64_t m_nSteepRows = 0; ///< Rows below it.
+    std::int64_t m_iFirst = 0;     ///< The part of the quarter's steps that is taken.
     std::int64_t m_iEnd = 0;
 };
 
