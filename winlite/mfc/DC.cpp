@@ -39,6 +39,29 @@ CPen* CDC::SelectObject(CPen* pPen)
     return CPen::FromHandle(static_cast<HPEN>(::SelectObject(m_hDC, CGdiObject::SafeHandleOf(pPen))));
 }
 
+CGdiObject* CDC::SelectStockObject(int iObject)
+{
+    const HGDIOBJ hOld = ::SelectObject(m_hDC, ::GetStockObject(iObject));
+    const bool bPen = iObject == WHITE_PEN || iObject == BLACK_PEN || iObject == NULL_PEN;
+    if (bPen)
+        return CPen::FromHandle(static_cast<HPEN>(hOld));
+    return CBrush::FromHandle(static_cast<HBRUSH>(hOld));
+}
+
+void CDC::FillSolidRect(LPCRECT prc, COLORREF cr)
+{
+    SetBkColor(cr);
+    CBrush br(cr);
+    FillRect(prc, &br);
+}
+
+CPoint CDC::MoveTo(int x, int y)
+{
+    CPoint ptOld;
+    ::MoveToEx(m_hDC, x, y, &ptOld);
+    return ptOld;
+}
+
 CPoint CDC::SetBrushOrg(int x, int y)
 {
     CPoint ptOld;

@@ -28,15 +28,38 @@ public:
     CBitmap* SelectObject(CBitmap* pBitmap);
     CBrush* SelectObject(CBrush* pBrush);
     CPen* SelectObject(CPen* pPen);
+
+    /// Selects a brush or pen of the system's and returns the object that was selected before; NULL for other numbers.
+    CGdiObject* SelectStockObject(int iObject);
     int SelectClipRgn(CRgn* pRgn) { return ::SelectClipRgn(m_hDC, pRgn ? static_cast<HRGN>(*pRgn) : nullptr); }
 
     COLORREF SetBkColor(COLORREF cr) { return ::SetBkColor(m_hDC, cr); }
     COLORREF GetBkColor() const { return ::GetBkColor(m_hDC); }
+    int SetBkMode(int iMode) { return ::SetBkMode(m_hDC, iMode); }
+    int GetBkMode() const { return ::GetBkMode(m_hDC); }
+    int SetROP2(int iRop2) { return ::SetROP2(m_hDC, iRop2); }
+    int GetROP2() const { return ::GetROP2(m_hDC); }
     int SetStretchBltMode(int iMode) { return ::SetStretchBltMode(m_hDC, iMode); }
     CPoint SetBrushOrg(int x, int y);
 
     void FillRect(LPCRECT prc, CBrush* pBrush) { ::FillRect(m_hDC, prc, *pBrush); }
+
+    /// Fills the rectangle, and leaves the colour as the background colour.
+    void FillSolidRect(LPCRECT prc, COLORREF cr);
+    void FillSolidRect(int x, int y, int cx, int cy, COLORREF cr) { FillSolidRect(CRect(x, y, x + cx, y + cy), cr); }
     BOOL FillRgn(CRgn* pRgn, CBrush* pBrush) { return ::FillRgn(m_hDC, *pRgn, *pBrush); }
+
+    /// Moves the current position and returns where it was.
+    CPoint MoveTo(int x, int y);
+    CPoint MoveTo(POINT pt) { return MoveTo(pt.x, pt.y); }
+    BOOL LineTo(int x, int y) { return ::LineTo(m_hDC, x, y); }
+    BOOL LineTo(POINT pt) { return LineTo(pt.x, pt.y); }
+    BOOL Polyline(const POINT* pPoints, int nPoints) { return ::Polyline(m_hDC, pPoints, nPoints); }
+    BOOL Rectangle(int l, int t, int r, int b) { return ::Rectangle(m_hDC, l, t, r, b); }
+    BOOL Rectangle(LPCRECT prc) { return Rectangle(prc->left, prc->top, prc->right, prc->bottom); }
+    BOOL Ellipse(int l, int t, int r, int b) { return ::Ellipse(m_hDC, l, t, r, b); }
+    BOOL Ellipse(LPCRECT prc) { return Ellipse(prc->left, prc->top, prc->right, prc->bottom); }
+
     COLORREF GetPixel(int x, int y) const { return ::GetPixel(m_hDC, x, y); }
     BOOL BitBlt(int x, int y, int cx, int cy, CDC* pSrc, int xSrc, int ySrc, DWORD dwRop)
     {
@@ -45,6 +68,10 @@ public:
     BOOL StretchBlt(int x, int y, int cx, int cy, CDC* pSrc, int xSrc, int ySrc, int cxSrc, int cySrc, DWORD dwRop)
     {
         return ::StretchBlt(m_hDC, x, y, cx, cy, pSrc->GetSafeHdc(), xSrc, ySrc, cxSrc, cySrc, dwRop);
+    }
+    BOOL TransparentBlt(int x, int y, int cx, int cy, CDC* pSrc, int xSrc, int ySrc, int cxSrc, int cySrc, UINT cr)
+    {
+        return ::TransparentBlt(m_hDC, x, y, cx, cy, pSrc->GetSafeHdc(), xSrc, ySrc, cxSrc, cySrc, cr);
     }
 
     HDC m_hDC = nullptr;

@@ -78,6 +78,11 @@ DWORD CBitmap::GetBitmapBits(DWORD nBytes, LPVOID pBits) const
     return static_cast<DWORD>(::GetBitmapBits(*this, static_cast<LONG>(nBytes), pBits));
 }
 
+BOOL CRgn::CreatePolygonRgn(const POINT* pPoints, int nPoints, int iMode)
+{
+    return Attach(::CreatePolygonRgn(pPoints, nPoints, iMode));
+}
+
 BOOL CRgn::CreateFromData(const XFORM* pxForm, int nBytes, const RGNDATA* pData)
 {
     return Attach(::ExtCreateRegion(pxForm, static_cast<DWORD>(nBytes), pData));

@@ -46,6 +46,9 @@ class CPen : public CGdiObject
     DECLARE_DYNAMIC(CPen)
 
 public:
+    CPen() = default;
+    CPen(int iStyle, int iWidth, COLORREF cr) { CreatePen(iStyle, iWidth, cr); }
+    BOOL CreatePen(int iStyle, int iWidth, COLORREF cr) { return Attach(::CreatePen(iStyle, iWidth, cr)); }
     operator HPEN() const { return static_cast<HPEN>(m_hObject); }
     static CPen* FromHandle(HPEN hPen);
 };
@@ -75,6 +78,9 @@ class CRgn : public CGdiObject
 public:
     BOOL CreateRectRgn(int l, int t, int r, int b) { return Attach(::CreateRectRgn(l, t, r, b)); }
     BOOL CreateRectRgnIndirect(LPCRECT prc) { return Attach(::CreateRectRgnIndirect(prc)); }
+    BOOL CreateEllipticRgn(int l, int t, int r, int b) { return Attach(::CreateEllipticRgn(l, t, r, b)); }
+    BOOL CreateEllipticRgnIndirect(LPCRECT prc) { return Attach(::CreateEllipticRgnIndirect(prc)); }
+    BOOL CreatePolygonRgn(const POINT* pPoints, int nPoints, int iMode);
     BOOL CreateFromData(const XFORM* pxForm, int nBytes, const RGNDATA* pData);
     BOOL SetRectRgn(int l, int t, int r, int b) { return ::SetRectRgn(*this, l, t, r, b); }
     int CombineRgn(const CRgn* pSrc1, const CRgn* pSrc2, int iMode);
