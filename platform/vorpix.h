@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/framework.h"
+
+#include <cstddef>
+#include <vector>
+
+/// The host's image-processing library.
+namespace Vorpix
+{
+
+/// Softens the edge of a selection mask in place: iWidth x iHeight bytes, top row first, without padding. rcBox is the
+/// box of the selected area; only that box grown by the kernel's reach and clipped to the image is written, and what
+/// the mask holds outside of it counts as it is.
+///
+/// The kernel is close to a Gaussian with a standard deviation of exactly iRadius / 2, so a hard edge becomes soft over
+/// about iRadius pixels to each side. In each direction, down the columns first, it is three boxes of iRadius pixels
+/// and then [1 1] / 2 for an even, [1 6 1] / 8 for an odd radius, whose quarter of variance is what the boxes lack. Its
+/// reach is (3 * iRadius - 1) / 2 pixels, rounded down. Beyond the image's border the outermost pixels go on for ever:
+/// a fully selected mask stays so. Each direction is summed up exactly and rounded to whole levels, halves upwards,
+/// with an error of less than 1/50 level beyond that. The result is the same on every machine and for any number of
+/// threads, and the time taken does not grow with the radius.
+///
+/// A radius of 0 or less leaves the mask as it is, and one above 65536 counts as that. False, with nothing written, if
+/// a size is not positive, the mask has another size, the box has no pixel inside the image, or memory runs out.
+/// pfnProgress, unless null, is called on the calling thread with the steps done and their number. bReserved has no
+/// meaning. Any thread.
+bool FeatherRegion(std::vector<unsigned char>& vMask, RECT& rcBox, int iRadius, int iWidth, int iHeight,
+                   void (*pfnProgress)(size_t, size_t), bool bReserved);
+
+} // namespace Vorpix
