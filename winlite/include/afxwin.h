@@ -1,5 +1,6 @@
 #pragma once
 
+#include "mfc/Array.h"
 #include "mfc/DC.h"
 #include "mfc/Exception.h"
 #include "mfc/GdiObject.h"
@@ -9,4 +10,5 @@
 #include "mfc/ScrollBar.h"
 #include "mfc/String.h"
 #include "mfc/Thread.h"
+#include "mfc/WaitCursor.h"
 #include "mfc/Wnd.h"

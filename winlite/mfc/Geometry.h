@@ -18,6 +18,7 @@ public:
     CPoint() : POINT{} {}
     CPoint(int xPoint, int yPoint) : POINT{xPoint, yPoint} {}
     CPoint(const POINT& pt) : POINT(pt) {}
+    CPoint(const SIZE& sz) : POINT{sz.cx, sz.cy} {}
 
     void Offset(int dx, int dy)
     {
@@ -26,6 +27,7 @@ public:
     }
     bool operator==(const POINT& pt) const { return x == pt.x && y == pt.y; }
     CPoint operator+(const POINT& pt) const { return {x + pt.x, y + pt.y}; }
+    CPoint operator+(const SIZE& sz) const { return {x + sz.cx, y + sz.cy}; }
     CSize operator-(const POINT& pt) const { return {x - pt.x, y - pt.y}; }
 };
 

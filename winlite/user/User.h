@@ -426,3 +426,4 @@ HBITMAP LoadBitmap(HINSTANCE hInstance, LPCWSTR pszName);
 /// broken.
 HCURSOR LoadCursor(HINSTANCE hInstance, LPCWSTR pszName);
 inline const LPCWSTR IDC_ARROW = MAKEINTRESOURCE(32512);
+inline const LPCWSTR IDC_WAIT = MAKEINTRESOURCE(32514);
