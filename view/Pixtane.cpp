@@ -61,6 +61,7 @@ CPixtane::CPixtane(int bNoSelectMask) : m_bNoSelectMask(bNoSelectMask)
 CPixtane::~CPixtane()
 {
     ClearBitmap(TRUE);
+    DeleteSelectBorderMask(); // It may have been kept while the border was hidden.
     for (CBrush& br : m_brPattern)
         br.DeleteObject();
     for (CBitmap& bmp : m_bmpPattern)

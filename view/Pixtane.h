@@ -159,12 +159,54 @@ public:
     /// image; the background colour outside the view area, outside the bitmap, and without one.
     DWORD GetPixelRGBValue(const POINT& pt, int bWindowCoords);
 
-    // ---- the selection's fields
+    // ---- the selection (members implemented in selection/)
 
-    CRgn& rgnSelect() { return m_rgnSelect; }
-    CRgn& rgnSelectScaled() { return m_rgnSelectScaled; }
-    int& iSelectMaskSize() { return m_iSelectMaskSize; }
-    std::vector<BYTE>& vSelectMask() { return m_vSelectMask; }
+    /// Makes a mask of iWidth times iHeight bytes, top row first, 255 where the region is and 0 elsewhere, and feathers
+    /// it by iFeather pixels when that is positive. What lies outside the mask is ignored; a region without a handle
+    /// gives an empty mask. Returns 1; 0 for a size that is not positive or has more bytes than 31 bits tell, an empty
+    /// region, and when memory is short.
+    static int CreateSelectMask(const CRgn& rgn, std::vector<BYTE>& vMask, int iWidth, int iHeight, int iFeather);
+
+    /// Makes the region of all mask bytes that are not 0. Returns 1; 0 for a mask of another size (rgn stays), and
+    /// without such a byte (rgn is then without a handle).
+    static int CreateRgnFromMask(CRgn& rgn, const std::vector<BYTE>& vMask, int iWidth, int iHeight);
+
+    /// Shifts a mask; what comes in from outside is 0. Returns 1; 0 for a mask of another size.
+    static int OffsetSelectMask(std::vector<BYTE>& vMask, int iWidth, int iHeight, int iOffsetX, int iOffsetY);
+
+    /// Replaces the selection by a region and its mask of the bitmap's size, and repaints; a region without a handle
+    /// clears it, whatever the mask. FALSE without a bitmap, and, with a log record, for a mask of another size (a view
+    /// without masks takes any and keeps none).
+    int UpdateSelection(const CRgn& rgn, const std::vector<BYTE>& vMask);
+
+    /// Drops the selection; does not repaint.
+    void ClearSelection();
+
+    /// Makes the selection's edge soft and its region as large as the mask then is. Nothing without a selection or
+    /// without masks.
+    void FeatherSelection(int iRadius);
+
+    /// Copies of the selection's region in bitmap coordinates (FALSE, and no handle, when nothing is selected), and of
+    /// its mask (FALSE in a view without masks).
+    int GetSelectRegion(CRgn& rgn) const;
+    int GetSelectMask(std::vector<BYTE>& vMask) const;
+
+    /// Shows or hides the selection's outline, and repaints when that changes it.
+    void ShowSelection(int bShow);
+
+    // A host or tool that changes the fields below itself calls these two afterwards, in this order, and invalidates.
+    void UpdateScaledRegion();
+    void UpdateSelectBorderMaskDC();
+
+    /// A region of bitmap pixels in window coordinates; rgnDst stays when the source has no handle.
+    void FromBitmapToWnd(const CRgn& rgnSrc, CRgn& rgnDst);
+
+    CRgn& rgnSelect() { return m_rgnSelect; }             ///< Bitmap coordinates; without a handle nothing is selected.
+    CRgn& rgnSelectScaled() { return m_rgnSelectScaled; } ///< Zoomed coordinates, while the outline is shown.
+    int& iSelectMaskSize() { return m_iSelectMaskSize; }  ///< Bytes of each mask; 0 without masks.
+    std::vector<BYTE>& vSelectMask() { return m_vSelectMask; } ///< A weight for each bitmap pixel, top row first.
+
+    /// The shape that a selection tool is about to merge into the mask.
     std::vector<BYTE>& vSelectMask_Cur() { return m_vSelectMask_Cur; }
 
 protected:
@@ -205,6 +247,9 @@ protected:
     int DrawBitmap(CDC& dc, CRect& rcView);
     void ReleaseCachedBitmap();
 
+    /// Draws the selection's outline with one of the patterns, 0 to 3.
+    void DrawSelectBorder(CDC& dc, unsigned int uPhase);
+
 private:
     struct DrawRects
     {
@@ -241,6 +286,13 @@ private:
     BOOL DrawCover(CDC& dc, const DrawRects& rects);
     void RebuildCache(CDC& dc, const CRect& rcView);
     void KeepSnapshot(CUXMemDC& dc);
+
+    bool CreateSelectBorderMask(const CRect& rcClient);
+    void DeleteSelectBorderMask();
+    CRect MakeVisibleSelection(const CRect& rcClient, CRgn& rgnVisible);
+    void EraseRunOnBorders(const CRect& rcClient, const CRect& rcBox);
+    bool StepSelectBorder();
+    bool IsSelectionBeingDragged() const;
 
 protected:
     // The order of the fields is part of the class's interface.

@@ -82,6 +82,7 @@ BYTE* CPixtane::GetBitmap(BITMAPINFO& info) const
 
 void CPixtane::ClearBitmap(int bRedraw)
 {
+    ClearSelection();
     ReleaseCachedBitmap();
     ForgetSelectMasks();
     ResetBitmapFields();

@@ -202,13 +202,6 @@ BOOL CPixtane::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message)
     return TRUE;
 }
 
-void CPixtane::OnTimer(UINT_PTR nIDEvent)
-{
-    if (m_pEmbeddedTool)
-        m_pEmbeddedTool->OnTimer(nIDEvent);
-    Default();
-}
-
 LRESULT CPixtane::NotifyParent(UINT code, int bPost)
 {
     const HWND hParent = ::GetParent(m_hWnd);

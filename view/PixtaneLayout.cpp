@@ -25,6 +25,7 @@ int CPixtane::SetZoom(double dbZoom)
     const float fZoom = static_cast<float>(m_dbZoom);
     m_szZoomed = Gdiplus::SizeF(fWidth * fZoom, fHeight * fZoom);
     HideScrollBars();
+    UpdateScaledRegion();
     UpdateDisplay();
     m_bZooming = FALSE;
     if (m_pEmbeddedTool)
@@ -92,6 +93,7 @@ void CPixtane::UpdateDisplay()
         m_ptDispPos.X = RoundHalfAway((m_szZoomed.Width - fViewWidth) * 0.5f);
     if (fViewHeight >= m_szZoomed.Height)
         m_ptDispPos.Y = RoundHalfAway((m_szZoomed.Height - fViewHeight) * 0.5f);
+    UpdateSelectBorderMaskDC();
     Invalidate();
     UpdateWindow();
     NotifyParent(PVN_DISPLAYCHANGED, FALSE);

@@ -54,6 +54,7 @@ void CPixtane::PaintBackBuffer(CDC& dc, const CRect& rcWindow, CRect& rcView)
     if (pTool)
         pTool->OnPrePaint(dc, rcView);
     DrawBitmap(dc, rcView);
+    DrawSelectBorder(dc, m_uBorderPhase);
     // A tool that another took the place of meanwhile did not see the beginning, and gets no end.
     if (pTool && pTool == m_pEmbeddedTool && uLoads == m_uToolLoads)
         pTool->OnPostPaint(dc, rcView);

@@ -1,6 +1,6 @@
 #include "view/ToolSettings.h"
 
-#include "platform/quillog.h"
+#include "view/Log.h"
 
 #include <algorithm>
 
@@ -11,7 +11,6 @@ namespace
 {
 
 constexpr std::size_t WORD_SIZE = sizeof(DWORD);
-constexpr const wchar_t* MODULE_NAME = L"Pixtane";
 
 DWORD WordAt(const std::vector<BYTE>& vData, std::size_t iWord)
 {

@@ -1,0 +1,164 @@
+#include "platform/vorpix.h"
+#include "selection/MaskRuns.h"
+#include "selection/RegionRects.h"
+#include "view/Log.h"
+#include "view/Pixtane.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <new>
+
+namespace Pixtane
+{
+
+namespace
+{
+
+/// Whether a mask of that size has that many bytes.
+bool HasSize(const std::vector<BYTE>& vMask, int iWidth, int iHeight)
+{
+    return iWidth >= 1 && iHeight >= 1 &&
+           static_cast<long long>(iWidth) * iHeight == static_cast<long long>(vMask.size());
+}
+
+void FillRects(std::span<const RECT> vRects, std::vector<BYTE>& vMask, int iWidth, int iHeight)
+{
+    for (const RECT& rc : vRects)
+    {
+        const int iLeft = std::max<int>(rc.left, 0);
+        const int iRight = std::min<int>(rc.right, iWidth);
+        const int iBottom = std::min<int>(rc.bottom, iHeight);
+        if (iLeft >= iRight)
+            continue;
+        for (int y = std::max<int>(rc.top, 0); y < iBottom; ++y)
+            std::fill_n(vMask.begin() + static_cast<std::ptrdiff_t>(y) * iWidth + iLeft, iRight - iLeft, BYTE{255});
+    }
+}
+
+std::size_t CountRuns(const std::vector<BYTE>& vMask, int iWidth, int iHeight)
+{
+    std::size_t nRuns = 0;
+    for (int y = 0; y < iHeight; ++y)
+        ForEachMaskRun(&vMask[static_cast<std::size_t>(y) * iWidth], iWidth, [&](int, int) { ++nRuns; });
+    return nRuns;
+}
+
+/// One rectangle a run, rows from the top, and their box.
+void WriteRuns(const std::vector<BYTE>& vMask, int iWidth, int iHeight, CRegionRects& rects)
+{
+    RECT rcBox = {iWidth, iHeight, 0, 0};
+    auto itRect = rects.Rects().begin();
+    for (int y = 0; y < iHeight; ++y)
+    {
+        const auto write = [&](int iFirst, int iEnd)
+        {
+            *itRect++ = {iFirst, y, iEnd, y + 1};
+            rcBox = {std::min<LONG>(rcBox.left, iFirst), std::min<LONG>(rcBox.top, y),
+                     std::max<LONG>(rcBox.right, iEnd), y + 1};
+        };
+        ForEachMaskRun(&vMask[static_cast<std::size_t>(y) * iWidth], iWidth, write);
+    }
+    rects.Box() = rcBox;
+}
+
+/// Moves a row's bytes to the right (or left where negative) within a mask, from row ySource to row y; the bytes that
+/// nothing moves to become 0.
+void MoveRow(BYTE* pMask, int iWidth, int y, int ySource, int iOffsetX)
+{
+    BYTE* const pRow = pMask + static_cast<std::ptrdiff_t>(y) * iWidth;
+    const BYTE* const pSource = pMask + static_cast<std::ptrdiff_t>(ySource) * iWidth;
+    const int nMoved = iWidth - std::abs(iOffsetX);
+    std::memmove(pRow + std::max(iOffsetX, 0), pSource + std::max(-iOffsetX, 0), static_cast<std::size_t>(nMoved));
+    std::memset(iOffsetX > 0 ? pRow : pRow + nMoved, 0, static_cast<std::size_t>(iWidth - nMoved));
+}
+
+} // namespace
+
+int CPixtane::CreateSelectMask(const CRgn& rgn, std::vector<BYTE>& vMask, int iWidth, int iHeight, int iFeather)
+try
+{
+    constexpr const wchar_t* FUNCTION = L"CPixtane::CreateSelectMask";
+    const long long llSize = static_cast<long long>(iWidth) * iHeight;
+    if (iWidth <= 0 || iHeight <= 0 || llSize > std::numeric_limits<int>::max())
+    {
+        QLWriteLog(QL_INFO, MODULE_NAME, FUNCTION, L"Invalid Mask Size.");
+        return 0;
+    }
+    vMask.assign(static_cast<std::size_t>(llSize), 0);
+    if (!rgn.GetSafeHandle())
+    {
+        QLWriteLog(QL_INFO, MODULE_NAME, FUNCTION, L"No select region.");
+        return 1;
+    }
+    CRect rcBox;
+    rgn.GetRgnBox(&rcBox);
+    if (rcBox.IsRectEmpty())
+    {
+        QLWriteLog(QL_ERROR, MODULE_NAME, FUNCTION, L"Empty Region.");
+        return 0;
+    }
+    const DWORD dwStart = ::GetTickCount();
+    auto rects = CRegionRects::Read(rgn);
+    if (!rects)
+        throw std::bad_alloc();
+    FillRects(rects->Rects(), vMask, iWidth, iHeight);
+    if (iFeather > 0 && !Vorpix::FeatherRegion(vMask, rcBox, iFeather, iWidth, iHeight, nullptr, true))
+        QLWriteLog(QL_ERROR, MODULE_NAME, FUNCTION, L"Failed to call Vorpix::FeatherRegion");
+    QLWriteLog(QL_INFO, MODULE_NAME, FUNCTION, L"FeatherRadius = %d, Time cost: %dms\n", iFeather,
+               static_cast<int>(::GetTickCount() - dwStart));
+    return 1;
+}
+catch (const std::bad_alloc&)
+{
+    QLWriteLog(QL_ERROR, MODULE_NAME, L"CPixtane::CreateSelectMask", L"Not enough memory.");
+    return 0;
+}
+
+int CPixtane::CreateRgnFromMask(CRgn& rgn, const std::vector<BYTE>& vMask, int iWidth, int iHeight)
+try
+{
+    if (!HasSize(vMask, iWidth, iHeight))
+        return 0;
+    rgn.DeleteObject();
+    const std::size_t nRuns = CountRuns(vMask, iWidth, iHeight);
+    if (nRuns == 0)
+        return 0;
+    CRegionRects rects(nRuns);
+    WriteRuns(vMask, iWidth, iHeight, rects);
+    if (!rects.CreateRegion(rgn))
+        throw std::bad_alloc();
+    return 1;
+}
+catch (const std::bad_alloc&)
+{
+    QLWriteLog(QL_ERROR, MODULE_NAME, L"CPixtane::CreateRgnFromMask", L"Failed to call CreateFromData!");
+    return 0;
+}
+
+int CPixtane::OffsetSelectMask(std::vector<BYTE>& vMask, int iWidth, int iHeight, int iOffsetX, int iOffsetY)
+{
+    if (!HasSize(vMask, iWidth, iHeight))
+        return 0;
+    if (std::abs(static_cast<long long>(iOffsetX)) > iWidth || std::abs(static_cast<long long>(iOffsetY)) > iHeight)
+    {
+        std::ranges::fill(vMask, BYTE{0});
+        return 1;
+    }
+    const CWaitCursor wait;
+    // In the order in which no row is written before it was moved.
+    BYTE* const pMask = vMask.data();
+    const int nMoved = iHeight - std::abs(iOffsetY);
+    const int yFirst = std::max(iOffsetY, 0);
+    for (int i = 0; i < nMoved; ++i)
+    {
+        const int y = iOffsetY > 0 ? yFirst + nMoved - 1 - i : yFirst + i;
+        MoveRow(pMask, iWidth, y, y - iOffsetY, iOffsetX);
+    }
+    const auto nCleared = static_cast<std::size_t>(iHeight - nMoved) * iWidth;
+    std::memset(iOffsetY > 0 ? pMask : pMask + static_cast<std::ptrdiff_t>(nMoved) * iWidth, 0, nCleared);
+    return 1;
+}
+
+} // namespace Pixtane

@@ -1,0 +1,154 @@
+#include "support/RecordingTool.h"
+#include "support/User.h"
+
+namespace
+{
+
+bool IsPatternBlack(int x, int y, int iPhase) { return ((x + iPhase) % 8 < 4) == ((y + iPhase) % 8 < 4); }
+
+class BorderTest : public CViewTest
+{
+protected:
+    void SetUp() override
+    {
+        CViewTest::SetUp();
+        pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    }
+
+    void Select(CRect rc)
+    {
+        CRgn rgn;
+        rgn.CreateRectRgnIndirect(&rc);
+        std::vector<BYTE> vMask;
+        Pixtane::CPixtane::CreateSelectMask(rgn, vMask, bitmap.info.bmiHeader.biWidth, bitmap.info.bmiHeader.biHeight,
+                                            0);
+        pView->UpdateSelection(rgn, vMask);
+    }
+
+    /// The view area's pixels that show the outline, '#', and all those that show something else than without it, '!',
+    /// as rows of window pixels.
+    std::vector<std::string> Outline(int iPhase)
+    {
+        pView->Invalidate(FALSE);
+        const winlite::Picture shown = Screen();
+        pView->ShowSelection(FALSE);
+        const winlite::Picture plain = Screen();
+        pView->ShowSelection(TRUE);
+        Pump();
+        std::vector<std::string> vRows;
+        CRect rcView;
+        pView->GetClientRect(&rcView);
+        for (int y = 0; y < rcView.bottom; ++y)
+        {
+            vRows.emplace_back();
+            for (int x = 0; x < rcView.right; ++x)
+            {
+                const std::uint32_t uPixel = PixelOf(shown, x, y);
+                const bool bPattern = uPixel == (IsPatternBlack(x, y, iPhase) ? 0 : 0xFFFFFF);
+                vRows.back() += uPixel == PixelOf(plain, x, y) ? '.' : bPattern ? '#' : '!';
+            }
+        }
+        return vRows;
+    }
+
+    /// The same of a picture of one rectangle's outline, and what is erased along the view's sides: all of a side but
+    /// its last pixel.
+    static std::vector<std::string> Frame(CSize szView, CRect rc, const std::string& strErased = "")
+    {
+        std::vector<std::string> vRows(static_cast<std::size_t>(szView.cy), std::string(szView.cx, '.'));
+        for (int y = 0; y < szView.cy; ++y)
+        {
+            for (int x = 0; x < szView.cx; ++x)
+            {
+                const bool bEdge = x == rc.left || x == rc.right - 1 || y == rc.top || y == rc.bottom - 1;
+                const bool bErased =
+                    (strErased.find('l') != std::string::npos && x == 0 && y < szView.cy - 1) ||
+                    (strErased.find('t') != std::string::npos && y == 0 && x < szView.cx - 1) ||
+                    (strErased.find('r') != std::string::npos && x == szView.cx - 1 && y < szView.cy - 1) ||
+                    (strErased.find('b') != std::string::npos && y == szView.cy - 1 && x < szView.cx - 1);
+                if (rc.PtInRect(CPoint(x, y)) && bEdge && !bErased)
+                    vRows[y][x] = '#';
+            }
+        }
+        return vRows;
+    }
+
+    // Grey, which is no colour of the pattern.
+    CTestBitmap bitmap = []
+    {
+        CTestBitmap grey(100, 80);
+        std::ranges::fill(grey.vBits, BYTE{90});
+        return grey;
+    }();
+};
+
+TEST_F(BorderTest, ARectangleIsOutlinedOnePixelWideAtEveryZoom)
+{
+    for (const double dbZoom : {0.25, 1.0, 1.5, 2.0})
+    {
+        pView->SetZoom(dbZoom);
+        Select({20, 20, 60, 40});
+        const Gdiplus::Point ptPos = pView->ptDispPos();
+        const auto edge = [&](double dEdge) { return static_cast<int>(dEdge * dbZoom); };
+        CRect rcFrame(edge(20) - ptPos.X, edge(20) - ptPos.Y, edge(60) - ptPos.X, edge(40) - ptPos.Y);
+        EXPECT_EQ(Outline(0), Frame({300, 200}, rcFrame)) << dbZoom;
+    }
+}
+
+TEST_F(BorderTest, TheOutlineCrawlsOnTimerTicksThatDraw)
+{
+    Select({20, 20, 60, 40});
+    CUser user(*pView);
+    const CRect rcFrame(120, 80, 160, 100);
+    for (int iTick = 0; iTick < 6; ++iTick)
+    {
+        user.Wait(250);
+        const std::uint32_t uPixel = PixelOf(Screen(), 120, 81);
+        EXPECT_EQ(uPixel, IsPatternBlack(120, 81, iTick % 4) ? 0U : 0xFFFFFFU) << iTick;
+    }
+    EXPECT_EQ(Outline(2), Frame({300, 200}, rcFrame)) << "a paint shows the phase that comes next";
+    CRgn rgnNone;
+    pView->UpdateSelection(rgnNone, {});
+    user.Wait(500);
+    Select({20, 20, 60, 40});
+    EXPECT_EQ(Outline(2), Frame({300, 200}, rcFrame)) << "without a selection the phase stands still";
+    pHost->ShowWindow(SW_MINIMIZE);
+    user.Wait(500);
+    pHost->ShowWindow(SW_RESTORE);
+    EXPECT_EQ(Outline(2), Frame({300, 200}, rcFrame)) << "and minimised";
+}
+
+TEST_F(BorderTest, WhereTheSelectionRunsOnThereIsNoBorder)
+{
+    pView->SetZoom(8);
+    Select({0, 0, 100, 80});
+    const CSize szView(300 - BAR, 200 - BAR);
+    const struct
+    {
+        int x, y;
+        const char* pszErased;
+    } vCases[] = {{0, 0, "rb"}, {0, 640 - szView.cy, "rt"}, {100, 100, "lrtb"}, {800 - szView.cx, 0, "lb"}};
+    for (const auto& c : vCases)
+    {
+        pView->SetDispPosition(c.x, c.y);
+        EXPECT_EQ(Outline(0), Frame(szView, {0, 0, szView.cx, szView.cy}, c.pszErased)) << c.x << ", " << c.y;
+    }
+    pView->SetDispPosition(0, 0);
+    Select({-50, 10, 20, 500});
+    CRect rcBox;
+    pView->rgnSelectScaled().GetRgnBox(&rcBox);
+    EXPECT_EQ(rcBox, CRect(0, 80, 160, 640)) << "what lies outside the image is cut off";
+}
+
+TEST_F(BorderTest, AToolThatMovesTheSelectionPausesTheBorder)
+{
+    // By name alone a tool is not taken for the selector.
+    CRecordingTool impostor(strLog, L"region_selector");
+    pView->LoadEmbeddedTool(impostor);
+    Select({20, 20, 60, 40});
+    CUser(*pView).Wait(260);
+    EXPECT_EQ(Outline(1), Frame({300, 200}, {120, 80, 160, 100}));
+    pView->UnloadEmbeddedTool();
+}
+
+} // namespace

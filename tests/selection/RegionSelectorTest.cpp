@@ -1,0 +1,406 @@
+#include "selection/RegionSelector.h"
+#include "hostlibs/Quillog.h"
+#include "support/MaskPicture.h"
+#include "support/User.h"
+
+#include <random>
+
+using Pixtane::EmbeddedTool::RegionSelector;
+
+namespace
+{
+
+/// A user with the region selector, over a small bitmap enlarged 8 times at the window's middle; pixels are given in
+/// bitmap coordinates.
+class RegionSelectorTest : public CViewTest
+{
+protected:
+    static constexpr int CX = 12, CY = 8;
+
+    void SetUp() override
+    {
+        CViewTest::SetUp();
+        pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+        pView->SetZoom(8);
+        user = std::make_unique<CUser>(*pView);
+        ASSERT_TRUE(pView->LoadEmbeddedTool(tool));
+        tool.SetSelectMode(RegionSelector::SM_RECTANGLE);
+        Pump();
+        strLog.clear();
+        QLSetSink([](const QLRecord&) {});
+    }
+    void TearDown() override
+    {
+        QLSetSink({});
+        pView->UnloadEmbeddedTool();
+        user.reset();
+        CViewTest::TearDown();
+    }
+
+    /// The window point in the middle of a bitmap pixel.
+    CPoint At(int x, int y)
+    {
+        CPoint pt(x, y);
+        pView->FromBitmapToWnd(pt);
+        return pt;
+    }
+    CMaskPicture Mask() { return CMaskPicture::Of(pView->vSelectMask(), CX); }
+
+    /// The notifications since the last time, without moves, clicks and layouts.
+    std::string Told()
+    {
+        std::string strTold;
+        std::istringstream stream(TakeLog());
+        for (std::string strWord; stream >> strWord;)
+            strTold += strWord.size() == 4 ? strWord + " " : "";
+        return strTold;
+    }
+    void Select(CPoint ptFrom, CPoint ptTo) { user->Drag(At(ptFrom.x, ptFrom.y), At(ptTo.x, ptTo.y)); }
+
+    CTestBitmap bitmap = CTestBitmap::Numbered(CX, CY);
+    RegionSelector tool;
+    std::unique_ptr<CUser> user;
+};
+
+const CMaskPicture SQUARE = {{"............", ".###........", ".###........", ".###........", "............",
+                              "............", "............", "............"}};
+
+TEST_F(RegionSelectorTest, RectanglesHoldBothCornersFromWhicheverOneIsDrawn)
+{
+    for (const auto& [ptFrom, ptTo] : {std::pair{CPoint(1, 1), CPoint(3, 3)}, {{3, 3}, {1, 1}}, {{3, 1}, {1, 3}}})
+    {
+        pView->UpdateSelection(CRgn(), {});
+        Select(ptFrom, ptTo);
+        EXPECT_EQ(Mask(), SQUARE);
+        EXPECT_EQ(Told(), "N104 N100 ");
+    }
+    pView->ClearSelection();
+    Select({5, 5}, {5, 5});
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "5,5,6,6 ") << "one pixel";
+    tool.SetSelectMode(RegionSelector::SM_ELLIPSE);
+    tool.SetSelectOverlapMode(RegionSelector::OM_ADD);
+    pView->ClearSelection();
+    Select({1, 1}, {5, 5});
+    CRgn rgnEllipse;
+    rgnEllipse.CreateEllipticRgn(1, 1, 7, 7);
+    EXPECT_TRUE(pView->rgnSelect().EqualRgn(&rgnEllipse));
+}
+
+TEST_F(RegionSelectorTest, RulesCombineShapesAndTellWhatTheyDid)
+{
+    using enum RegionSelector::emOverlapMode;
+    const struct
+    {
+        RegionSelector::emOverlapMode eRule;
+        CPoint ptFrom, ptTo;
+        const char* pszTold;
+        const char* pszRects;
+    } vCases[] = {
+        {OM_ADD, {3, 3}, {5, 4}, "N101 ", "1,1,4,3 1,3,6,4 3,4,6,5 "},
+        {OM_SUBTRACT, {2, 2}, {9, 9}, "N102 ", "1,1,4,2 1,2,2,4 "},
+        {OM_SUBTRACT, {0, 0}, {9, 7}, "N104 N102 ", "none"},
+        {OM_INTERSECT, {3, 0}, {9, 2}, "N103 ", "3,1,4,3 "},
+        {OM_INTERSECT, {6, 6}, {9, 7}, "N104 N103 ", "none"},
+        {OM_NEW, {6, 6}, {9, 7}, "N104 N100 ", "6,6,10,8 "},
+    };
+    for (const auto& c : vCases)
+    {
+        tool.SetSelectOverlapMode(OM_NEW);
+        pView->ClearSelection();
+        Select({1, 1}, {3, 3});
+        Told();
+        tool.SetSelectOverlapMode(c.eRule);
+        Select(c.ptFrom, c.ptTo);
+        EXPECT_EQ(Told(), c.pszTold);
+        EXPECT_EQ(RectsOf(pView->rgnSelect()), c.pszRects);
+    }
+}
+
+TEST_F(RegionSelectorTest, WeightsAddSubtractAndMultiply)
+{
+    using enum RegionSelector::emOverlapMode;
+    std::mt19937 random(3);
+    for (const auto eRule : {OM_ADD, OM_SUBTRACT, OM_INTERSECT})
+    {
+        struct Opened : RegionSelector
+        {
+            using RegionSelector::MergeSelectMask;
+        } opened;
+        ASSERT_TRUE(pView->LoadEmbeddedTool(opened));
+        opened.SetSelectOverlapMode(eRule);
+        for (int i = 0; i < 700; ++i)
+        {
+            std::vector<BYTE> vWanted;
+            for (std::size_t j = 0; j < pView->vSelectMask().size(); ++j)
+            {
+                const int a = pView->vSelectMask()[j] = static_cast<BYTE>(random());
+                const int b = pView->vSelectMask_Cur()[j] = static_cast<BYTE>(random() % 4 ? random() : 0);
+                vWanted.push_back(static_cast<BYTE>(eRule == OM_ADD        ? std::min(a + b, 255)
+                                                    : eRule == OM_SUBTRACT ? std::max(a - b, 0)
+                                                                           : a * b / 255));
+            }
+            opened.MergeSelectMask();
+            ASSERT_EQ(pView->vSelectMask(), vWanted);
+        }
+    }
+    pView->LoadEmbeddedTool(tool);
+    pView->ClearSelection();
+}
+
+TEST_F(RegionSelectorTest, LassoAndPolygonEndInTheirWays)
+{
+    const CMaskPicture triangle = {{"............", ".#####......", ".####.......", ".###........", ".##.........",
+                                    ".#..........", "............", "............"}};
+    const auto corners = [&](bool bClick, bool bCtrlAtEnd = false)
+    {
+        for (const CPoint pt : {CPoint(1, 1), CPoint(5, 1), CPoint(1, 5)})
+        {
+            if (bCtrlAtEnd && pt.y == 5)
+                user->KeyDown(VK_CONTROL);
+            bClick ? user->Click(At(pt.x, pt.y)) : user->Move(At(pt.x, pt.y));
+        }
+    };
+    const struct
+    {
+        const char* pszWay;
+        RegionSelector::emSelectMode eShape;
+        std::function<void()> draw;
+    } vWays[] = {
+        {"lasso let go", RegionSelector::SM_LASSO,
+         [&]
+         {
+             user->Press(At(1, 1));
+             corners(false);
+             user->Release(At(1, 5));
+         }},
+        {"lasso, goes on as a polygon with Alt", RegionSelector::SM_LASSO,
+         [&]
+         {
+             user->Press(At(1, 1));
+             user->Move(At(5, 1));
+             user->KeyDown(VK_MENU);
+             user->Release(At(5, 1));
+             user->Click(At(1, 5));
+             EXPECT_EQ(tool.GetSelectingMode(), RegionSelector::SM_POLYGON);
+             user->KeyUp(VK_MENU);
+         }},
+        {"polygon closed near its first vertex", RegionSelector::SM_POLYGON,
+         [&]
+         {
+             corners(true);
+             user->Click(At(1, 1) + CPoint(3, 3));
+         }},
+        {"polygon closed with Ctrl", RegionSelector::SM_POLYGON,
+         [&]
+         {
+             corners(true, true);
+             user->KeyUp(VK_CONTROL);
+         }},
+        {"polygon closed by a double click", RegionSelector::SM_POLYGON,
+         [&]
+         {
+             corners(true);
+             user->Press(At(1, 5));
+             user->Release(At(1, 5));
+         }},
+        {"polygon whose capture is taken away", RegionSelector::SM_POLYGON,
+         [&]
+         {
+             corners(true);
+             ::SetCapture(pHost->m_hWnd);
+         }},
+    };
+    for (const auto& way : vWays)
+    {
+        SCOPED_TRACE(way.pszWay);
+        tool.SetSelectMode(way.eShape);
+        pView->ClearSelection();
+        Told();
+        way.draw();
+        EXPECT_EQ(Told(), "N104 N100 ");
+        EXPECT_NE(::GetCapture(), pView->m_hWnd);
+        EXPECT_EQ(Mask(), triangle);
+        ::ReleaseCapture();
+        user->Wait(600);
+    }
+}
+
+TEST_F(RegionSelectorTest, TooFewVerticesSelectNothing)
+{
+    tool.SetSelectMode(RegionSelector::SM_LASSO);
+    Select({2, 2}, {4, 4});
+    EXPECT_EQ(Told(), "N104 ");
+    tool.SetSelectMode(RegionSelector::SM_POLYGON);
+    user->Click(At(2, 2));
+    user->Click(At(8, 2));
+    user->Type(VK_DELETE);
+    user->Type(VK_DELETE); // the first stays
+    user->Press(At(2, 2));
+    ::ReleaseCapture();
+    EXPECT_EQ(Told(), "N104 ");
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "none");
+    user->Release(At(2, 2));
+}
+
+TEST_F(RegionSelectorTest, ShiftMakesSquaresAndSpaceMovesTheShape)
+{
+    user->KeyDown(VK_SHIFT);
+    Select({8, 6}, {3, 4});
+    user->KeyUp(VK_SHIFT);
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "6,4,9,7 ");
+    pView->ClearSelection();
+    user->Press(At(1, 1));
+    user->Move(At(3, 2));
+    user->KeyDown(VK_SPACE);
+    user->Move(At(7, 5));
+    user->KeyUp(VK_SPACE);
+    user->Release(At(7, 5));
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "5,4,8,6 ");
+}
+
+TEST_F(RegionSelectorTest, DragsAndArrowsMoveTheSelection)
+{
+    Select({1, 1}, {3, 3});
+    Told();
+    Select({2, 2}, {4, 3});
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "3,2,6,5 ");
+    EXPECT_EQ(Told(), "N106 ");
+    CRgn rgnMask;
+    Pixtane::CPixtane::CreateRgnFromMask(rgnMask, pView->vSelectMask(), CX, CY);
+    EXPECT_TRUE(rgnMask.EqualRgn(&pView->rgnSelect()));
+    user->Type(VK_LEFT);
+    user->Type(VK_DOWN);
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "2,3,5,6 ");
+    EXPECT_EQ(Told(), "N106 N106 ");
+    Select({4, 5}, {11, 7});
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "9,5,12,8 ");
+    Select({9, 5}, {10, 6});
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "10,6,12,8 ") << "cut at the bitmap's edge";
+    Told();
+    user->Press(At(11, 7));
+    user->Move(At(11, 7) + CPoint(24, 0));
+    ::ReleaseCapture();
+    EXPECT_EQ(Told(), "N104 ") << "moved off, by losing the capture";
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "none");
+    user->Release(At(11, 7));
+    Select({1, 1}, {3, 3});
+    Told();
+    user->Click(At(2, 2));
+    EXPECT_EQ(Told(), "N104 ") << "a click inside removes it";
+    pView->SetZoom(0.25);
+    tool.SetSelectOverlapMode(RegionSelector::OM_ADD);
+    CRgn rgn;
+    rgn.CreateRectRgn(0, 0, 2, 2);
+    pView->UpdateSelection(rgn, std::vector<BYTE>(CX * CY, 255));
+    user->Type(VK_RIGHT);
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "4,0,6,2 ") << "one screen pixel";
+}
+
+TEST_F(RegionSelectorTest, FeatheredShapesAreSoftAndLargerThanDrawn)
+{
+    tool.SetFeatherRadius(2);
+    Select({4, 3}, {7, 5});
+    EXPECT_EQ(Mask().vRows[4].substr(2, 8).find('+'), 0U);
+    CRect rcBox;
+    pView->rgnSelect().GetRgnBox(&rcBox);
+    EXPECT_GT(rcBox.Width(), 4);
+    EXPECT_EQ(Told(), "N104 N100 ");
+}
+
+TEST_F(RegionSelectorTest, TheViewFollowsAShapeThatLeavesIt)
+{
+    CTestBitmap large = CTestBitmap::Numbered(200, 100);
+    pView->SetBitmap(large.info, large.vBits.data());
+    pView->SetZoom(8);
+    pView->SetDispPosition(400, 300);
+    user->Press({100, 100});
+    user->Move({10, 100});
+    EXPECT_EQ(pView->ptDispPos(), Gdiplus::Point(0, 300)) << "the pointer stays near the edge";
+    user->Move({500, 199});
+    EXPECT_EQ(pView->ptDispPos(), Gdiplus::Point(1600 - 283, 800 - 183));
+    user->Release({282, 182});
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "62,50,200,100 ");
+}
+
+TEST_F(RegionSelectorTest, SettingsAreCheckedKeptAndRestored)
+{
+    EXPECT_EQ(tool.SetSelectMode(static_cast<RegionSelector::emSelectMode>(6)), RegionSelector::SM_RECTANGLE);
+    EXPECT_EQ(tool.SetSelectOverlapMode(static_cast<RegionSelector::emOverlapMode>(0)), RegionSelector::OM_NEW);
+    EXPECT_EQ(tool.SetTorlerance(256), -1);
+    EXPECT_EQ(tool.SetTorlerance(-1), -1);
+    EXPECT_EQ(tool.SetFeatherRadius(-1), -1);
+    EXPECT_EQ(tool.SetTorlerance(9), 50);
+    EXPECT_EQ(tool.SetFeatherRadius(7), 0);
+    tool.SetSelectOverlapMode(RegionSelector::OM_SUBTRACT);
+    std::vector<BYTE> vData = {1};
+    tool.SerializeToolSettings(vData);
+    EXPECT_EQ(vData, (std::vector<BYTE>{3, 0, 0, 0, 3, 0, 0, 0, 7, 0, 0, 0, 9, 0, 0, 0}));
+    RegionSelector other;
+    vData[1] = 77; // only the low byte is the version
+    EXPECT_TRUE(other.UnserializeToolSettings(vData));
+    EXPECT_EQ(other.GetSelectOverlapMode(), RegionSelector::OM_SUBTRACT);
+    EXPECT_EQ(other.GetFeatherRadius(), 7);
+    EXPECT_EQ(other.GetTorlerance(), 9);
+    EXPECT_TRUE(other.UnserializeToolSettings({1, 0, 0, 0, 0, 0, 0, 0, 4, 0, 0, 0}));
+    EXPECT_EQ(other.GetSelectOverlapMode(), RegionSelector::OM_NEW) << "counted from 0 then";
+    EXPECT_EQ(other.GetFeatherRadius(), 4);
+    for (std::size_t nBytes = 0; nBytes < 24; ++nBytes)
+    {
+        for (const auto uVersion : {BYTE{1}, BYTE{2}, BYTE{3}, BYTE{4}})
+        {
+            std::vector<BYTE> vWrong(nBytes, 1);
+            if (nBytes > 0)
+                vWrong[0] = uVersion;
+            const bool bRight = uVersion <= 3 && nBytes == (uVersion == 3 ? 16 : 12);
+            EXPECT_EQ(RegionSelector().UnserializeToolSettings(vWrong), bRight) << nBytes << " " << int{uVersion};
+        }
+    }
+}
+
+/// Whatever the host does inside a notification, nothing is out of bounds and the tool can go on.
+TEST_F(RegionSelectorTest, TheHostMayTakeEverythingAwayInTheMiddle)
+{
+    CTestBitmap other = CTestBitmap::Numbered(5, 5);
+    const std::function<void()> vActs[] = {
+        [&] { pView->UnloadEmbeddedTool(); },
+        [&] { pView->ClearBitmap(TRUE); },
+        [&] { pView->SetBitmap(other.info, other.vBits.data()); },
+        [&] { pView->ClearSelection(); },
+        [&] { ::ReleaseCapture(); },
+        [&] { pView->SetZoom(3); },
+    };
+    for (const UINT uCode : {0x100U, 0x104U, 0x106U, 6U, 1U, 2U, 3U})
+    {
+        for (const auto& act : vActs)
+        {
+            for (int iShape = RegionSelector::SM_LASSO; iShape <= RegionSelector::SM_MAGICWAND; ++iShape)
+            {
+                pHost->answer = {};
+                pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+                pView->SetZoom(8);
+                pView->LoadEmbeddedTool(tool);
+                tool.SetSelectMode(static_cast<RegionSelector::emSelectMode>(iShape));
+                bool bDone = false;
+                pHost->answer = [&](UINT uTold)
+                {
+                    if (uTold == uCode && !std::exchange(bDone, true))
+                        act();
+                    return 0;
+                };
+                Select({1, 1}, {6, 6});
+                user->Click(At(9, 1));
+                user->Click(At(1, 6));
+                user->Click(At(1, 1));
+                Select({3, 3}, {4, 4});
+                user->Type(VK_DELETE);
+                user->Type(VK_RIGHT);
+                ::ReleaseCapture();
+                EXPECT_LE(pView->iSelectMaskSize(), CX * CY);
+            }
+        }
+    }
+    pHost->answer = {};
+    EXPECT_TRUE(pView->LoadEmbeddedTool(tool));
+}
+
+} // namespace

@@ -1,0 +1,112 @@
+#include "tools/ImageMover.h"
+
+#include "view/Module.h"
+#include "view/Notifications.h"
+#include "view/Rounding.h"
+
+#include <cwchar>
+
+namespace Pixtane::EmbeddedTool
+{
+
+namespace
+{
+
+constexpr UINT CURSOR_OPEN_HAND = 3028;
+constexpr UINT CURSOR_CLOSED_HAND = 3029;
+
+void ShowHand(UINT uId) { ::SetCursor(::LoadCursor(ModuleInstance(), MAKEINTRESOURCE(uId))); }
+
+} // namespace
+
+ImageMover::ImageMover() { std::wcscpy(szToolName, L"image_mover"); }
+
+int ImageMover::OnUnload()
+{
+    pView = nullptr;
+    return TRUE;
+}
+
+bool ImageMover::CanPan() const
+{
+    CRect rcView;
+    pView->GetClientRect(&rcView);
+    const Gdiplus::SizeF szZoomed = pView->ZoomedSize();
+    return szZoomed.Width > static_cast<float>(rcView.Width()) || szZoomed.Height > static_cast<float>(rcView.Height());
+}
+
+int ImageMover::OnSetCursor(CWnd*, UINT, UINT)
+{
+    CPoint ptCursor;
+    ::GetCursorPos(&ptCursor);
+    pView->ScreenToClient(&ptCursor);
+    CRect rcView;
+    pView->GetClientRect(&rcView);
+    if ((!rcView.PtInRect(ptCursor) && !bDragging) || !CanPan())
+        return FALSE;
+    ShowHand(bDragging ? CURSOR_CLOSED_HAND : CURSOR_OPEN_HAND);
+    return TRUE;
+}
+
+int ImageMover::OnLButtonDown(UINT, CPoint point)
+{
+    if (!CanPan())
+        return FALSE;
+    CPixtane& view = *pView;
+    ShowHand(CURSOR_CLOSED_HAND);
+    view.SetCapture();
+    ptLast = point;
+    bDragging = TRUE;
+    view.NotifyParent(PVN_IMAGEMOVER_BEGIN, FALSE);
+    if (pView == &view)
+        view.ShowSelection(FALSE);
+    return FALSE;
+}
+
+int ImageMover::OnMouseMove(UINT, CPoint point)
+{
+    if (!bDragging)
+        return FALSE;
+    CPixtane& view = *pView;
+    // The display position moves against the mouse, so that the picture follows the hand.
+    const CSize szMove = ptLast - point;
+    if (szMove != CSize(0, 0))
+    {
+        const Gdiplus::Point ptPos = view.ptDispPos();
+        view.SetDispPosition(SaturatedSum(ptPos.X, szMove.cx), SaturatedSum(ptPos.Y, szMove.cy));
+        if (pView == &view)
+            view.NotifyParent(PVN_IMAGEMOVER_MOVING, FALSE);
+    }
+    ptLast = point;
+    ShowHand(CURSOR_CLOSED_HAND);
+    return FALSE;
+}
+
+int ImageMover::OnLButtonUp(UINT, CPoint)
+{
+    if (!bDragging)
+        return FALSE;
+    bDragging = FALSE; // The capture's change, which follows, then finds no drag.
+    ::ReleaseCapture();
+    EndDrag();
+    return FALSE;
+}
+
+int ImageMover::OnCaptureChanged(CWnd*)
+{
+    if (!bDragging)
+        return FALSE;
+    bDragging = FALSE;
+    EndDrag();
+    return FALSE;
+}
+
+void ImageMover::EndDrag()
+{
+    CPixtane& view = *pView;
+    view.ShowSelection(TRUE);
+    if (pView == &view)
+        view.NotifyParent(PVN_IMAGEMOVER_END, FALSE);
+}
+
+} // namespace Pixtane::EmbeddedTool
