@@ -80,4 +80,6 @@ private:
 void AddPaintBenchmarks(CSuite& suite);
 void AddDrawBenchmarks(CSuite& suite);
 void AddInteractionBenchmarks(CSuite& suite);
+void AddFeatherBenchmarks(CSuite& suite);
+void AddSelectionBenchmarks(CSuite& suite);
 void AddMemoryFigures(CSuite& suite);

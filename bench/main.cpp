@@ -69,6 +69,8 @@ int main(int argc, char** argv)
     AddPaintBenchmarks(suite);
     AddDrawBenchmarks(suite);
     AddInteractionBenchmarks(suite);
+    AddFeatherBenchmarks(suite);
+    AddSelectionBenchmarks(suite);
     AddMemoryFigures(suite);
     const bool bHeld = suite.Run(bWrite || vArguments.empty() ? "" : vArguments[0]);
     AfxWinTerm();

@@ -26,9 +26,11 @@ bool ScrollTowardsEdge(CPixtane& view, CPoint ptClient)
 {
     CRect rcView;
     view.GetClientRect(&rcView);
+    const CSize szStep(StepAt(ptClient.x, rcView.Width()), StepAt(ptClient.y, rcView.Height()));
+    if (szStep == CSize(0, 0))
+        return false; // The view would only repaint.
     const Gdiplus::Point ptBefore = view.ptDispPos();
-    view.SetDispPosition(SaturatedSum(ptBefore.X, StepAt(ptClient.x, rcView.Width())),
-                         SaturatedSum(ptBefore.Y, StepAt(ptClient.y, rcView.Height())));
+    view.SetDispPosition(SaturatedSum(ptBefore.X, szStep.cx), SaturatedSum(ptBefore.Y, szStep.cy));
     return !view.ptDispPos().Equals(ptBefore);
 }
 

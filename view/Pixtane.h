@@ -290,7 +290,8 @@ private:
     bool CreateSelectBorderMask(const CRect& rcClient);
     void DeleteSelectBorderMask();
     CRect MakeVisibleSelection(const CRect& rcClient, CRgn& rgnVisible);
-    void EraseRunOnBorders(const CRect& rcClient, const CRect& rcBox);
+    void EraseRunOnBorders(CRgn& rgnOutline, const CRect& rcClient, const CRect& rcBox);
+    void DrawSelectBorderByMask(CDC& dc, unsigned int uPhase);
     bool StepSelectBorder();
     bool IsSelectionBeingDragged() const;
 
@@ -344,6 +345,7 @@ protected:
 
 private:
     bool m_bChangingTool = false; ///< A tool's OnLoad or OnUnload is running.
+    CRgn m_rgnOutline;            ///< The border mask's outline, unless it is too ragged to be filled run by run.
     UINT m_uToolLoads = 0;        ///< Tells a tool that was loaded anew from the one before, the same object or not.
 };
 

@@ -1,5 +1,8 @@
+#include "selection/Outline.h"
 #include "support/RecordingTool.h"
 #include "support/User.h"
+
+#include <random>
 
 namespace
 {
@@ -138,6 +141,35 @@ TEST_F(BorderTest, WhereTheSelectionRunsOnThereIsNoBorder)
     CRect rcBox;
     pView->rgnSelectScaled().GetRgnBox(&rcBox);
     EXPECT_EQ(rcBox, CRect(0, 80, 160, 640)) << "what lies outside the image is cut off";
+}
+
+TEST_F(BorderTest, AnOutlineOfVeryManyRunsIsDrawnLikeOthers)
+{
+    constexpr int CX = 700, CY = 500;
+    Open(CX, CY);
+    CTestBitmap grey(CX, CY);
+    std::ranges::fill(grey.vBits, BYTE{90});
+    pView->SetBitmap(grey.info, grey.vBits.data());
+    std::mt19937 random(5);
+    std::vector<BYTE> vMask(CX * CY);
+    std::vector<RECT> vPixels;
+    for (int i = 0; i < CX * CY; ++i)
+    {
+        if (random() % 2)
+        {
+            vMask[static_cast<std::size_t>(i)] = 255;
+            vPixels.push_back({i % CX, i / CX, i % CX + 1, i / CX + 1});
+        }
+    }
+    CRgn rgn;
+    Pixtane::CPixtane::CreateRgnFromMask(rgn, vMask, CX, CY);
+    pView->UpdateSelection(rgn, vMask);
+    rgn.DeleteObject();
+    std::vector<std::string> vWanted(CY, std::string(CX, '.'));
+    for (const RECT& rc : Pixtane::OutlineRuns(vPixels, CX, CY))
+        std::fill(vWanted[rc.top].begin() + rc.left, vWanted[rc.top].begin() + rc.right, '#');
+    EXPECT_EQ(Outline(0), vWanted);
+    pView->ClearBitmap(FALSE);
 }
 
 TEST_F(BorderTest, AToolThatMovesTheSelectionPausesTheBorder)
