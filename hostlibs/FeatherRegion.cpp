@@ -1,63 +1,140 @@
 #include "platform/vorpix.h"
 
-#include "hostlibs/FeatherKernel.h"
+#include "hostlibs/FeatherStrip.h"
+#include "hostlibs/ParallelFor.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <new>
 
 namespace
 {
 
-/// Filters a line of nCount pixels, nStride bytes apart; writes those from nFirst up to nEnd.
-void FilterLine(const FeatherKernel& kernel, unsigned char* pLine, size_t nStride, int64_t nCount, int64_t nFirst,
-                int64_t nEnd, std::vector<unsigned char>& vCopy)
+struct Range
 {
-    vCopy.resize(nCount);
-    for (int64_t i = 0; i < nCount; ++i)
-        vCopy[i] = pLine[i * nStride];
-    const auto At = [&](int64_t n) -> uint64_t { return vCopy[std::clamp<int64_t>(n, 0, nCount - 1)]; };
+    int iFirst, iEnd;
+    bool IsEmpty() const { return iFirst >= iEnd; }
+    int Length() const { return iEnd - iFirst; }
+    Range Grown(int iBy, int iSize) const { return {std::max(iFirst - iBy, 0), std::min(iEnd, iSize - iBy) + iBy}; }
+};
 
-    const int64_t r = kernel.iRadius;
-    uint64_t a = 0, b = 0, c = At(0) * kernel.nUnit + kernel.nUnit / 2;
-    for (int64_t n = 1; n < nEnd + kernel.iReach; ++n)
+/// A copy of a part of the mask.
+class KeptPixels
+{
+public:
+    KeptPixels(unsigned char* pMask, int iWidth, Range columns, Range rows)
+        : m_pFirst(pMask + static_cast<size_t>(rows.iFirst) * iWidth + columns.iFirst), m_nPitch(iWidth),
+          m_nLength(columns.Length()), m_nRows(rows.Length()), m_vBytes(m_nLength * m_nRows)
     {
-        a += At(n) - 3 * At(n - r) + 3 * At(n - 2 * r) - At(n - 3 * r);
-        b += a;
-        const int64_t nSmoother = r % 2 ? (static_cast<int64_t>(a) + 4) >> 3 : static_cast<int64_t>(b) >> 1;
-        const uint64_t nSum = c + nSmoother;
-        c += b;
-        if (n - kernel.iReach >= nFirst)
-            pLine[(n - kernel.iReach) * nStride] = kernel.LevelOf(nSum);
+        for (size_t y = 0; y < m_nRows; ++y)
+            std::copy_n(m_pFirst + y * m_nPitch, m_nLength, m_vBytes.data() + y * m_nLength);
     }
-}
+
+    void Restore() const
+    {
+        for (size_t y = 0; y < m_nRows; ++y)
+            std::copy_n(m_vBytes.data() + y * m_nLength, m_nLength, m_pFirst + y * m_nPitch);
+    }
+
+private:
+    unsigned char* m_pFirst;
+    size_t m_nPitch, m_nLength, m_nRows;
+    std::vector<unsigned char> m_vBytes;
+};
+
+/// One feather: all it needs is allocated before it writes.
+class Feather
+{
+public:
+    Feather(unsigned char* pMask, int iWidth, int iHeight, int iRadius, Range columns, Range rows)
+        : m_pMask(pMask), m_iWidth(iWidth), m_iHeight(iHeight), m_Kernel(iRadius),
+          m_Columns(columns.Grown(m_Kernel.iReach, iWidth)), m_Rows(rows.Grown(m_Kernel.iReach, iHeight)),
+          m_ReadColumns(m_Columns.Grown(m_Kernel.iReach, iWidth)), m_ReadRows(m_Rows.Grown(m_Kernel.iReach, iHeight)),
+          m_Left(pMask, iWidth, {m_ReadColumns.iFirst, m_Columns.iFirst}, m_Rows),
+          m_Right(pMask, iWidth, {m_Columns.iEnd, m_ReadColumns.iEnd}, m_Rows)
+    {
+        const int64_t nPixels = int64_t{m_ReadColumns.Length()} * m_Rows.Length();
+        const size_t nWorkers = nPixels < PIXELS_WORTH_A_THREAD ? 1 : ParallelThreads();
+        m_vStrips.assign(nWorkers, FeatherStrip(m_Kernel, std::max(m_ReadColumns.Length(), m_ReadRows.Length())));
+    }
+
+    /// The columns, those included whose pixels beside the grown box the rows want.
+    void FilterColumns()
+    {
+        StripLines lines = {};
+        lines.bColumns = true;
+        lines.nCount = m_ReadRows.Length();
+        lines.nFirst = m_Rows.iFirst - m_ReadRows.iFirst;
+        lines.nEnd = m_Rows.iEnd - m_ReadRows.iFirst;
+        FilterStrips(lines, m_ReadColumns, m_ReadRows.iFirst * static_cast<size_t>(m_iWidth), 1);
+    }
+
+    void FilterRows()
+    {
+        StripLines lines = {};
+        lines.nCount = m_ReadColumns.Length();
+        lines.nFirst = m_Columns.iFirst - m_ReadColumns.iFirst;
+        lines.nEnd = m_Columns.iEnd - m_ReadColumns.iFirst;
+        FilterStrips(lines, m_Rows, m_ReadColumns.iFirst, m_iWidth);
+        m_Left.Restore();
+        m_Right.Restore();
+    }
+
+private:
+    static constexpr int64_t PIXELS_WORTH_A_THREAD = 1 << 18;
+
+    /// Filters the lines of a range, each nLinePitch bytes after the one before it and with its first pixel at nOffset.
+    void FilterStrips(StripLines lines, Range across, size_t nOffset, size_t nLinePitch)
+    {
+        lines.nPitch = m_iWidth;
+        const size_t nLines = across.Length();
+        // Neighbouring strips of columns share cache lines, which is why a thread takes several.
+        ParallelFor(nLines, 4 * FEATHER_LANES, m_vStrips.size(),
+                    [&, lines](size_t nWorker, size_t nBegin, size_t nEnd) mutable
+                    {
+                        for (size_t n = nBegin; n < nEnd; n += FEATHER_LANES)
+                        {
+                            lines.pFirst = m_pMask + nOffset + (across.iFirst + n) * nLinePitch;
+                            lines.iLines = static_cast<int>(std::min<size_t>(FEATHER_LANES, nEnd - n));
+                            m_vStrips[nWorker].Filter(lines);
+                        }
+                    });
+    }
+
+    unsigned char* m_pMask;
+    int m_iWidth, m_iHeight;
+    FeatherKernel m_Kernel;
+    /// The grown box, and what its pixels depend on.
+    Range m_Columns, m_Rows, m_ReadColumns, m_ReadRows;
+    KeptPixels m_Left, m_Right;
+    std::vector<FeatherStrip> m_vStrips;
+};
 
 } // namespace
 
 bool Vorpix::FeatherRegion(std::vector<unsigned char>& vMask, RECT& rcBox, int iRadius, int iWidth, int iHeight,
                            void (*pfnProgress)(size_t, size_t), bool)
+try
 {
     if (iWidth <= 0 || iHeight <= 0 || vMask.size() != static_cast<uint64_t>(iWidth) * iHeight)
         return false;
-    int64_t nLeft = std::max<int64_t>(rcBox.left, 0), nRight = std::min<int64_t>(rcBox.right, iWidth);
-    int64_t nTop = std::max<int64_t>(rcBox.top, 0), nBottom = std::min<int64_t>(rcBox.bottom, iHeight);
-    if (nLeft >= nRight || nTop >= nBottom)
+    const Range columns = {std::max<int>(rcBox.left, 0), std::min<int>(rcBox.right, iWidth)};
+    const Range rows = {std::max<int>(rcBox.top, 0), std::min<int>(rcBox.bottom, iHeight)};
+    if (columns.IsEmpty() || rows.IsEmpty())
         return false;
     if (iRadius <= 0)
         return true;
 
-    const FeatherKernel kernel(std::min(iRadius, FeatherKernel::MAX_RADIUS));
-    nLeft = std::max<int64_t>(nLeft - kernel.iReach, 0), nRight = std::min<int64_t>(nRight + kernel.iReach, iWidth);
-    nTop = std::max<int64_t>(nTop - kernel.iReach, 0), nBottom = std::min<int64_t>(nBottom + kernel.iReach, iHeight);
-    std::vector<unsigned char> vResult = vMask, vCopy;
-    for (int64_t x = 0; x < iWidth; ++x)
-        FilterLine(kernel, &vResult[x], iWidth, iHeight, nTop, nBottom, vCopy);
-    for (int64_t y = nTop; y < nBottom; ++y)
-    {
-        FilterLine(kernel, &vResult[y * iWidth], 1, iWidth, nLeft, nRight, vCopy);
-        std::copy_n(&vResult[y * iWidth + nLeft], nRight - nLeft, &vMask[y * iWidth + nLeft]);
-    }
+    const int iLongest = std::min(std::max(iWidth, iHeight), FeatherKernel::MAX_RADIUS);
+    Feather feather(vMask.data(), iWidth, iHeight, std::min(iRadius, iLongest), columns, rows);
+    feather.FilterColumns();
     if (pfnProgress)
-        pfnProgress(1, 1);
+        pfnProgress(1, 2);
+    feather.FilterRows();
+    if (pfnProgress)
+        pfnProgress(2, 2);
     return true;
+}
+catch (const std::bad_alloc&)
+{
+    return false;
 }

@@ -21,7 +21,7 @@ namespace Vorpix
 /// with an error of less than 1/50 level beyond that. The result is the same on every machine and for any number of
 /// threads, and the time taken does not grow with the radius.
 ///
-/// A radius of 0 or less leaves the mask as it is, and one above 65536 counts as that. False, with nothing written, if
+/// A radius of 0 or less leaves the mask as it is, and one above 65536 or the longer side of the mask counts as that. False, with nothing written, if
 /// a size is not positive, the mask has another size, the box has no pixel inside the image, or memory runs out.
 /// pfnProgress, unless null, is called on the calling thread with the steps done and their number. bReserved has no
 /// meaning. Any thread.

@@ -84,6 +84,7 @@ Mask SlowDirection(Mask mask, int iRadius, bool bDown)
 /// What must come out; outside of the grown box the mask's own bytes.
 Mask SlowFeather(Mask mask, const RECT& rcBox, int iRadius)
 {
+    iRadius = std::min(iRadius, std::max(mask.iWidth, mask.iHeight));
     Mask soft = SlowDirection(SlowDirection(mask, iRadius, true), iRadius, false);
     const int iReach = (3 * iRadius - 1) / 2;
     for (int y = std::max(rcBox.top - iReach, 0); y < std::min(rcBox.bottom + iReach, mask.iHeight); ++y)
