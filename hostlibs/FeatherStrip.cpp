@@ -83,23 +83,25 @@ void FeatherStrip::Store(const StripLines& lines, int64_t nFrom) const
                 lines.pFirst[iLine * lines.nPitch + nFrom + i] = pFrom[i * FEATHER_LANES + iLine];
 }
 
-/// Whether every pixel of a block is like the one before it in its line.
+/// Whether every pixel of a block is like the one before it in its line; those beyond the line's end are.
 bool FeatherStrip::IsBlockEven(int64_t nFrom, int64_t nCount) const
 {
-    const int64_t nSteps = std::min<int64_t>(FEATHER_STEPS, nCount - nFrom);
-    if (nSteps <= 0)
+    if (nFrom >= nCount)
         return true;
+    const size_t nLater = (std::min<int64_t>(FEATHER_STEPS, nCount - nFrom) - 1) * FEATHER_LANES;
     const unsigned char* pBlock = At(nFrom);
     return std::memcmp(pBlock, At(std::max(nFrom - 1, int64_t{0})), FEATHER_LANES) == 0 &&
-           std::memcmp(pBlock, pBlock + FEATHER_LANES, (nSteps - 1) * FEATHER_LANES) == 0;
+           std::memcmp(pBlock, pBlock + FEATHER_LANES, nLater) == 0;
 }
 
 void FeatherStrip::PointTaps(int64_t nFrom, int64_t nCount)
 {
-    for (int i = 0; i < FEATHER_STEPS; ++i)
-        for (int iTap = 0; iTap < 4; ++iTap)
+    // The pixel of the round of the ring that the block's newest pixel is in; older ones are at most one round back.
+    const int64_t nLast = nCount - 1, nRound = std::min(nFrom, nLast) / m_nCapacity * m_nCapacity;
+    for (int iTap = 0; iTap < 4; ++iTap)
+        for (int i = 0; i < FEATHER_STEPS; ++i)
         {
-            const int64_t n = nFrom + i - int64_t{iTap} * m_Kernel.iRadius;
-            m_aTaps[i][iTap] = At(std::clamp<int64_t>(n, 0, nCount - 1));
+            const int64_t n = std::clamp<int64_t>(nFrom + i - int64_t{iTap} * m_Kernel.iRadius, 0, nLast) - nRound;
+            m_aTaps[i][iTap] = m_vRing.data() + (n < 0 ? n + m_nCapacity : n) * FEATHER_LANES;
         }
 }
