@@ -86,18 +86,19 @@ private:
     void FilterStrips(StripLines lines, Range across, size_t nOffset, size_t nLinePitch)
     {
         lines.nPitch = m_iWidth;
-        const size_t nLines = across.Length();
+        lines.pFirst = m_pMask + nOffset + across.iFirst * nLinePitch;
+        const auto FilterSome = [this, &lines, nLinePitch](size_t nWorker, size_t nBegin, size_t nEnd)
+        {
+            StripLines strip = lines;
+            for (size_t n = nBegin; n < nEnd; n += FEATHER_LANES)
+            {
+                strip.pFirst = lines.pFirst + n * nLinePitch;
+                strip.iLines = static_cast<int>(std::min<size_t>(FEATHER_LANES, nEnd - n));
+                m_vStrips[nWorker].Filter(strip);
+            }
+        };
         // Neighbouring strips of columns share cache lines, which is why a thread takes several.
-        ParallelFor(nLines, 4 * FEATHER_LANES, m_vStrips.size(),
-                    [&, lines](size_t nWorker, size_t nBegin, size_t nEnd) mutable
-                    {
-                        for (size_t n = nBegin; n < nEnd; n += FEATHER_LANES)
-                        {
-                            lines.pFirst = m_pMask + nOffset + (across.iFirst + n) * nLinePitch;
-                            lines.iLines = static_cast<int>(std::min<size_t>(FEATHER_LANES, nEnd - n));
-                            m_vStrips[nWorker].Filter(lines);
-                        }
-                    });
+        ParallelFor(across.Length(), 4 * FEATHER_LANES, m_vStrips.size(), FilterSome);
     }
 
     unsigned char* m_pMask;

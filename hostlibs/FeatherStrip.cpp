@@ -3,6 +3,20 @@
 #include <algorithm>
 #include <cstring>
 
+namespace
+{
+
+/// Copies one position. Nearly always it has all lanes, which takes no call.
+void CopyLanes(unsigned char* pTo, const unsigned char* pFrom, int iLines)
+{
+    if (iLines == FEATHER_LANES)
+        std::memcpy(pTo, pFrom, FEATHER_LANES);
+    else
+        std::memcpy(pTo, pFrom, iLines);
+}
+
+} // namespace
+
 FeatherStrip::FeatherStrip(const FeatherKernel& kernel, int64_t nCount) : m_Kernel(kernel)
 {
     // The last 3r pixels and the block being added; the first and the last pixel of a line stand for those beyond.
@@ -53,7 +67,7 @@ void FeatherStrip::Load(const StripLines& lines, int64_t nFrom)
     {
         const unsigned char* pFrom = lines.pFirst + nFrom * lines.nPitch;
         for (int64_t i = 0; i < nSteps; ++i)
-            std::memcpy(pTo + i * FEATHER_LANES, pFrom + i * lines.nPitch, lines.iLines);
+            CopyLanes(pTo + i * FEATHER_LANES, pFrom + i * lines.nPitch, lines.iLines);
     }
     else if (const unsigned char* pFrom = lines.pFirst + nFrom;
              nSteps == FEATHER_STEPS && lines.iLines == FEATHER_LANES)
@@ -73,7 +87,7 @@ void FeatherStrip::Store(const StripLines& lines, int64_t nFrom) const
     if (lines.bColumns)
     {
         for (int64_t i = nFirst; i < nEnd; ++i)
-            std::memcpy(lines.pFirst + (nFrom + i) * lines.nPitch, pFrom + i * FEATHER_LANES, lines.iLines);
+            CopyLanes(lines.pFirst + (nFrom + i) * lines.nPitch, pFrom + i * FEATHER_LANES, lines.iLines);
     }
     else if (nEnd - nFirst == FEATHER_STEPS && lines.iLines == FEATHER_LANES)
         TransposeBlock(pFrom, FEATHER_LANES, lines.pFirst + nFrom, lines.nPitch);

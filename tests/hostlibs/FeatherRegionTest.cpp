@@ -1,13 +1,17 @@
 #include "hostlibs/FeatherKernel.h"
+#include "hostlibs/ParallelFor.h"
 #include "platform/vorpix.h"
 
 #include <gtest/gtest.h>
+#include <hwy/targets.h>
 
 #include <algorithm>
+#include <atomic>
 #include <climits>
 #include <cmath>
 #include <cstdint>
 #include <random>
+#include <stdexcept>
 
 namespace
 {
@@ -124,6 +128,43 @@ TEST(FeatherRegion, AgreesWithTheWeightedSumOfEveryPixel)
         }
 }
 
+TEST(FeatherRegion, IsTheSameForEveryProcessorAndNumberOfThreads)
+{
+    struct Restore
+    {
+        ~Restore()
+        {
+            SetParallelThreads(0);
+            UseTargets(0);
+        }
+        static void UseTargets(int64_t nTargets)
+        {
+            hwy::SetSupportedTargetsForTest(nTargets);
+            hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+        }
+    } restore;
+    std::mt19937 random(2);
+    const Mask mask = RandomMask(1100, 800, random);
+    const RECT rcBox = {100, 120, 1000, 640};
+    for (const int iRadius : {2, 5, 64, 301})
+    {
+        SetParallelThreads(1);
+        Restore::UseTargets(0);
+        Mask expected = mask;
+        ASSERT_TRUE(expected.Feather(rcBox, iRadius));
+        for (int64_t nLeft = hwy::SupportedTargets(); nLeft != 0; nLeft &= nLeft - 1)
+            for (const size_t nThreads : {1, 2, 3})
+            {
+                SetParallelThreads(nThreads);
+                Restore::UseTargets(nLeft & -nLeft);
+                Mask other = mask;
+                ASSERT_TRUE(other.Feather(rcBox, iRadius));
+                ASSERT_TRUE(other.vBytes == expected.vBytes)
+                    << hwy::TargetName(nLeft & -nLeft) << ", " << nThreads << " threads, radius " << iRadius;
+            }
+    }
+}
+
 TEST(FeatherRegion, IsCloseToAGaussianOnAStraightEdge)
 {
     for (int iRadius = 3; iRadius <= 301; ++iRadius)
@@ -201,4 +242,25 @@ TEST(FeatherRegion, RefusesBadArgumentsAndLeavesTheMask)
                   test.bAccepted);
         EXPECT_TRUE(vMask == mask.vBytes);
     }
+}
+
+TEST(ParallelFor, DoesEveryRangeOnceAndHandsOnTheFirstFailure)
+{
+    std::vector<std::atomic<int>> vDone(1000);
+    ParallelFor(vDone.size(), 7, 3,
+                [&](size_t, size_t nBegin, size_t nEnd)
+                {
+                    for (size_t n = nBegin; n < nEnd; ++n)
+                        ++vDone[n];
+                });
+    EXPECT_TRUE(std::all_of(vDone.begin(), vDone.end(), [](int iTimes) { return iTimes == 1; }));
+
+    const auto Fail = [&](size_t, size_t nBegin, size_t)
+    {
+        if (nBegin >= 10)
+            throw std::runtime_error("refused");
+        ++vDone[nBegin];
+    };
+    EXPECT_THROW(ParallelFor(vDone.size(), 1, 3, Fail), std::runtime_error);
+    EXPECT_EQ(vDone[10], 1);
 }
