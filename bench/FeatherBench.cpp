@@ -1,4 +1,5 @@
 #include "bench/Suite.h"
+#include "hostlibs/ParallelFor.h"
 #include "platform/vorpix.h"
 
 #include <memory>
@@ -21,12 +22,13 @@ std::shared_ptr<std::vector<BYTE>> Lumps()
 }
 
 /// Feathers a copy, because it happens in place.
-Work Ours(int iRadius)
+Work Ours(int iRadius, std::size_t nThreads = 1)
 {
     const auto pSource = Lumps();
     const auto pMask = std::make_shared<std::vector<BYTE>>(*pSource);
     return [=]
     {
+        SetParallelThreads(nThreads);
         std::copy(pSource->begin(), pSource->end(), pMask->begin());
         RECT rcBox = {0, 0, WIDTH, HEIGHT};
         Vorpix::FeatherRegion(*pMask, rcBox, iRadius, WIDTH, HEIGHT, nullptr, true);
@@ -79,4 +81,10 @@ void AddFeatherBenchmarks(CSuite& suite)
     cv::setNumThreads(1);
     for (const int iRadius : {5, 20, 100})
         suite.Add("Feather/r:" + std::to_string(iRadius), [=] { return Feather(iRadius); });
+    suite.Add("Feather/r:20/two threads",
+              []
+              {
+                  constexpr const char* ONE = "one thread";
+                  return CComparison(Ours(20, 2)).Beside(ONE, Ours(20)).AtMost(1 / 1.6, {ONE});
+              });
 }
