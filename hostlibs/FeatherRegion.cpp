@@ -4,6 +4,7 @@
 #include "hostlibs/ParallelFor.h"
 
 #include <algorithm>
+#include <functional>
 #include <new>
 
 namespace
@@ -98,7 +99,8 @@ private:
             }
         };
         // Neighbouring strips of columns share cache lines, which is why a thread takes several.
-        ParallelFor(across.Length(), 4 * FEATHER_LANES, m_vStrips.size(), FilterSome);
+        const size_t nGrain = (lines.bColumns ? 4 : 1) * FEATHER_LANES;
+        ParallelFor(across.Length(), nGrain, m_vStrips.size(), std::ref(FilterSome));
     }
 
     unsigned char* m_pMask;

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <exception>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -74,15 +73,16 @@ void ParallelFor(size_t nCount, size_t nGrain, size_t nWorkers, const ParallelBo
     Ranges ranges(nCount, nGrain, body);
     {
         std::vector<std::jthread> vThreads;
-        vThreads.reserve(nWorkers);
         try
         {
-            for (size_t nWorker = 1; nWorker < nWorkers; ++nWorker)
+            const size_t nUseful = std::min(nWorkers, (nCount + nGrain - 1) / nGrain);
+            vThreads.reserve(nUseful);
+            for (size_t nWorker = 1; nWorker < nUseful; ++nWorker)
                 vThreads.emplace_back([&ranges, nWorker] { ranges.Work(nWorker); });
         }
-        catch (const std::system_error&)
+        catch (const std::exception&)
         {
-            // The threads that did start do all the work.
+            // Without threads or the memory for them, those that did start do all the work.
         }
         ranges.Work(0);
     }

@@ -19,12 +19,12 @@ namespace Vorpix
 /// reach is (3 * iRadius - 1) / 2 pixels, rounded down. Beyond the image's border the outermost pixels go on for ever:
 /// a fully selected mask stays so. Each direction is summed up exactly and rounded to whole levels, halves upwards,
 /// with an error of less than 1/50 level beyond that. The result is the same on every machine and for any number of
-/// threads, and the time taken does not grow with the radius.
+/// threads, and the time taken does not grow with the radius up to 256; above, it is about twice as long.
 ///
-/// A radius of 0 or less leaves the mask as it is, and one above 65536 or the longer side of the mask counts as that. False, with nothing written, if
-/// a size is not positive, the mask has another size, the box has no pixel inside the image, or memory runs out.
-/// pfnProgress, unless null, is called on the calling thread with the steps done and their number. bReserved has no
-/// meaning. Any thread.
+/// A radius of 0 or less leaves the mask as it is, and one above 65536 or the longer side of the mask counts as that.
+/// False, with nothing written, if a size is not positive, the mask has another size, the box has no pixel inside the
+/// image, or memory runs out. pfnProgress, unless null, is called on the calling thread with the steps done and their
+/// number. bReserved has no meaning. Any thread.
 bool FeatherRegion(std::vector<unsigned char>& vMask, RECT& rcBox, int iRadius, int iWidth, int iHeight,
                    void (*pfnProgress)(size_t, size_t), bool bReserved);
 

