@@ -29,7 +29,7 @@ QStringList LocalFiles(const QMimeData& data)
 CPixtaneWidget::CPixtaneWidget(QWidget* pParent)
     : QWidget(pParent), m_pHost(std::make_unique<CViewHost>()), m_pWindow(new winlite::QtWindow(m_pHost->m_hWnd, this))
 {
-    m_pHost->Listen([this](UINT uCode, CPoint ptWindow) { return OnNotified(uCode, ptWindow); });
+    m_pSubscription = m_pHost->Listen([this](UINT uCode, CPoint ptWindow) { return OnNotified(uCode, ptWindow); });
     setAcceptDrops(true);
     setFocusProxy(m_pWindow);
 }

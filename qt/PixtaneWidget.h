@@ -72,5 +72,6 @@ private:
     LRESULT OnNotified(UINT uCode, CPoint ptWindow);
 
     std::unique_ptr<CViewHost> m_pHost;
+    std::shared_ptr<const void> m_pSubscription;
     winlite::QtWindow* m_pWindow;
 };

@@ -51,8 +51,33 @@ bool CViewHost::Holds(HWND hWnd) const
     return hWnd != nullptr;
 }
 
+CViewHost::Subscription CViewHost::Listen(Listener listener)
+{
+    auto pListener = std::make_shared<const Listener>(std::move(listener));
+    m_vListeners.push_back(pListener);
+    return pListener;
+}
+
+CViewHost::Subscription CViewHost::ListenToKeys(KeyListener listener)
+{
+    auto pListener = std::make_shared<const KeyListener>(std::move(listener));
+    m_vKeyListeners.push_back(pListener);
+    return pListener;
+}
+
+void CViewHost::TellKey(const MSG& msg)
+{
+    for (const auto& pListener : m_vKeyListeners)
+    {
+        if (const auto pThere = pListener.lock())
+            (*pThere)(static_cast<UINT>(msg.wParam), msg.message == WM_KEYDOWN);
+    }
+}
+
 BOOL CViewHost::PreTranslateMessage(MSG* pMsg)
 {
+    if ((pMsg->message == WM_KEYDOWN || pMsg->message == WM_KEYUP) && Holds(pMsg->hwnd))
+        TellKey(*pMsg);
     // As the main window it is asked about the messages of others, too.
     const bool bZooms = pMsg->message == WM_MOUSEWHEEL && (pMsg->wParam & MK_CONTROL) && Holds(pMsg->hwnd);
     if (!bZooms)
@@ -109,9 +134,10 @@ BOOL CViewHost::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* plResult)
     // This one was posted, and its record is the receiver's.
     const std::unique_ptr<NMHDR> pOwned(pNotify->code == Pixtane::PVN_CLONESTAMP_NOSOURCE ? pNotify : nullptr);
     const CPoint ptWindow = m_view.GetCursorPos(FALSE);
-    for (const Listener& listener : m_vListeners)
+    for (const auto& pListener : m_vListeners)
     {
-        if (const LRESULT lReply = listener(pNotify->code, ptWindow))
+        const auto pThere = pListener.lock();
+        if (const LRESULT lReply = pThere ? (*pThere)(pNotify->code, ptWindow) : 0)
             *plResult = lReply;
     }
     return TRUE;

@@ -4,6 +4,7 @@
 #include "view/Pixtane.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -20,10 +21,17 @@ public:
     Pixtane::CPixtane& View() { return m_view; }
     CViewZoom& Zoom() { return m_Zoom; }
 
+    /// Holds a listener in place for as long as it is kept.
+    using Subscription = std::shared_ptr<const void>;
+
     /// Hears every notification of the view, by its code (view/Notifications.h) and the pointer's place at that moment
     /// (window coordinates of the view); its result, unless 0, is the reply to the view. It must not end the host.
     using Listener = std::function<LRESULT(UINT uCode, CPoint ptWindow)>;
-    void Listen(Listener listener) { m_vListeners.push_back(std::move(listener)); }
+    [[nodiscard]] Subscription Listen(Listener listener);
+
+    /// Hears of the keys on their way to the view, before it does: virtual codes, repeated while they are held.
+    using KeyListener = std::function<void(UINT uKey, bool bDown)>;
+    [[nodiscard]] Subscription ListenToKeys(KeyListener listener);
 
     /// Moves the picture as a gesture outside winlite's input asks: to the right and down where positive.
     void ScrollByGesture(int dx, int dy);
@@ -41,8 +49,10 @@ protected:
 
 private:
     bool Holds(HWND hWnd) const;
+    void TellKey(const MSG& msg);
 
-    std::vector<Listener> m_vListeners;
+    std::vector<std::weak_ptr<const Listener>> m_vListeners;
+    std::vector<std::weak_ptr<const KeyListener>> m_vKeyListeners;
     Pixtane::CPixtane m_view;
     CViewZoom m_Zoom{m_view};
 };

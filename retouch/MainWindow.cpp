@@ -8,7 +8,7 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMenuBar>
+#include <QMenu>
 #include <QMessageBox>
 #include <QScreen>
 #include <QSettings>
@@ -20,6 +20,7 @@ namespace
 constexpr int MOST_RECENT_FILES = 8;
 constexpr DWORD BACKGROUND = RGB(58, 60, 64);
 const char* const RECENT_FILES = "recentFiles";
+const char* const SELECTOR_SETTINGS = "selectorSettings";
 
 } // namespace
 
@@ -28,8 +29,15 @@ CMainWindow::CMainWindow() : m_pView(new CPixtaneWidget(this)), m_retoucher(m_pV
     setCentralWidget(m_pView);
     m_pView->View().SetBackgroundColor(BACKGROUND);
     m_pView->setAccessibleName(tr("Photo"));
+    m_pView->SetToolKeys([](UINT uKey)
+                         { return uKey == VK_SPACE || uKey == VK_DELETE || (uKey >= VK_LEFT && uKey <= VK_DOWN); });
     MakeMenus();
+    MakePalette();
+    MakeOptionsBar();
     MakeStatusBar();
+    RestoreSettings();
+    m_retoucher.SetListener([this] { Refresh(); });
+    Refresh();
     connect(m_pView, &CPixtaneWidget::DisplayChanged, this, &CMainWindow::UpdateZoomLabel);
     connect(m_pView, &CPixtaneWidget::DisplayChanged, this, &CMainWindow::UpdatePointerLabels);
     connect(m_pView, &CPixtaneWidget::MouseMoved, this, &CMainWindow::FollowPointer);
@@ -39,48 +47,10 @@ CMainWindow::CMainWindow() : m_pView(new CPixtaneWidget(this)), m_retoucher(m_pV
     resize(QSize(1100, 780).boundedTo(screen()->availableSize()));
 }
 
-void CMainWindow::MakeMenus()
+CMainWindow::~CMainWindow()
 {
-    MakeFileMenu();
-    MakeImageMenu();
-    MakeViewMenu();
-}
-
-void CMainWindow::MakeFileMenu()
-{
-    QMenu* pMenu = menuBar()->addMenu(tr("&File"));
-    pMenu->addAction(tr("&Open..."), QKeySequence::Open, this, &CMainWindow::ChooseFile);
-    m_pRecentMenu = pMenu->addMenu(tr("Open &Recent"));
-    connect(m_pRecentMenu, &QMenu::aboutToShow, this, &CMainWindow::FillRecentMenu);
-    pMenu->addAction(tr("Open &Sample Picture"), this, [this] { OpenFile({}); });
-    pMenu->addSeparator();
-    pMenu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
-}
-
-void CMainWindow::MakeImageMenu()
-{
-    QMenu* pMenu = menuBar()->addMenu(tr("&Image"));
-    AddCommand(*pMenu, tr("&Auto Contrast"), {QKeySequence(tr("Ctrl+Shift+L"))}, "auto-contrast");
-    AddCommand(*pMenu, tr("&Revert to Original"), {}, "revert");
-}
-
-void CMainWindow::MakeViewMenu()
-{
-    QMenu* pMenu = menuBar()->addMenu(tr("&View"));
-    AddCommand(*pMenu, tr("Zoom &In"), {QKeySequence::ZoomIn, QKeySequence(tr("Ctrl+="))}, "zoom-in");
-    AddCommand(*pMenu, tr("Zoom &Out"), {QKeySequence::ZoomOut}, "zoom-out");
-    AddCommand(*pMenu, tr("&Fit"), {QKeySequence(tr("Ctrl+0"))}, "fit");
-    AddCommand(*pMenu, tr("O&ne to One"), {QKeySequence(tr("Ctrl+1"))}, "one-to-one");
-    pMenu->addSeparator();
-    pMenu->addAction(tr("Hold B to see the original"))->setEnabled(false);
-}
-
-QAction* CMainWindow::AddCommand(QMenu& menu, const QString& strText, const QList<QKeySequence>& vKeys,
-                                 const std::string& strCommand)
-{
-    QAction* pAction = menu.addAction(strText, this, [this, strCommand] { Execute(strCommand); });
-    pAction->setShortcuts(vKeys);
-    return pAction;
+    m_retoucher.SetListener({});
+    KeepSettings();
 }
 
 void CMainWindow::Execute(const std::string& strCommand)
@@ -90,14 +60,21 @@ void CMainWindow::Execute(const std::string& strCommand)
         QMessageBox::warning(this, tr("That is not possible"), QString::fromStdString(strError));
 }
 
-void CMainWindow::MakeStatusBar()
+void CMainWindow::RestoreSettings()
 {
-    m_pPositionLabel = new QLabel(this);
-    m_pColourLabel = new QLabel(this);
-    m_pZoomLabel = new QLabel(this);
-    statusBar()->addWidget(m_pPositionLabel, 1);
-    statusBar()->addPermanentWidget(m_pColourLabel);
-    statusBar()->addPermanentWidget(m_pZoomLabel);
+    const QByteArray settings = QSettings().value(SELECTOR_SETTINGS).toByteArray();
+    if (settings.isEmpty())
+        return;
+    const std::vector<BYTE> vSettings(settings.begin(), settings.end());
+    if (!m_retoucher.TakeSelectorSettings(vSettings))
+        statusBar()->showMessage(tr("The settings of the selection tools are of another version and were left out."));
+}
+
+void CMainWindow::KeepSettings()
+{
+    const std::vector<BYTE> vSettings = m_retoucher.SelectorSettings();
+    QSettings().setValue(SELECTOR_SETTINGS, QByteArray(reinterpret_cast<const char*>(vSettings.data()),
+                                                       static_cast<qsizetype>(vSettings.size())));
 }
 
 void CMainWindow::FillRecentMenu()

@@ -5,17 +5,20 @@
 
 #include <QMainWindow>
 
+class CChoiceGroup;
 class CPixtaneWidget;
 class QLabel;
 class QMenu;
+class QSpinBox;
 
-/// The program's window: a photo in a view, with menus, keys, recent files and a status bar.
+/// The program's window: a photo in a view, with menus, tools and their options, keys, recent files and a status bar.
 class CMainWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
     CMainWindow();
+    ~CMainWindow() override;
 
     /// The view's part of the window as it stands, after everything pending was painted.
     winlite::Picture TakePicture();
@@ -31,9 +34,15 @@ protected:
 private:
     void MakeMenus();
     void MakeFileMenu();
+    void MakeEditMenu();
     void MakeImageMenu();
+    void MakeSelectMenu();
     void MakeViewMenu();
+    void MakePalette();
+    void MakeOptionsBar();
     void MakeStatusBar();
+    void RestoreSettings();
+    void KeepSettings();
     void FillRecentMenu();
     void RememberRecent(const QString& strPath);
     void ChooseFile();
@@ -41,8 +50,12 @@ private:
 
     QAction* AddCommand(QMenu& menu, const QString& strText, const QList<QKeySequence>& vKeys,
                         const std::string& strCommand);
+    QAction* AddSwitch(QMenu& menu, const QString& strText, const QKeySequence& key, const std::string& strOn,
+                       const std::string& strOff);
+    void AskPixels(const QString& strQuestion, const std::string& strCommand);
     void Execute(const std::string& strCommand);
 
+    void Refresh();
     void UpdateZoomLabel();
     void UpdatePointerLabels();
     void FollowPointer(QPoint ptWindow);
@@ -55,4 +68,14 @@ private:
     QPoint m_ptPointer{-1, -1}; ///< Window coordinates of the view.
     CRetoucher m_retoucher;
     bool m_bFitWhenShown = false;
+    QAction* m_pUndo = nullptr;
+    QAction* m_pRedo = nullptr;
+    QAction* m_pHideOutline = nullptr;
+    QAction* m_pStillOutline = nullptr;
+    QAction* m_pTint = nullptr;
+    CChoiceGroup* m_pTools = nullptr;
+    CChoiceGroup* m_pRules = nullptr;
+    QSpinBox* m_pFeather = nullptr;
+    QLabel* m_pSelectionLabel = nullptr;
+    QLabel* m_pHintLabel = nullptr;
 };

@@ -1,10 +1,14 @@
 #include "retouch/Retoucher.h"
 
 #include "retouch/AutoContrast.h"
+#include "retouch/BrightnessContrast.h"
+#include "retouch/RegionList.h"
 #include "retouch/SamplePicture.h"
 #include "user/Journal.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <sstream>
 #include <utility>
 
 /// What a command's first word stands for; strArgument is the rest of the line.
@@ -18,6 +22,9 @@ struct CRetoucher::Command
 namespace
 {
 
+using R = CRetoucher;
+using Text = const std::string;
+
 /// A command that needs no argument and cannot fail.
 template<auto PROC>
 bool Simply(CRetoucher& retoucher, const std::string&, std::string&)
@@ -29,21 +36,51 @@ bool Simply(CRetoucher& retoucher, const std::string&, std::string&)
 } // namespace
 
 const CRetoucher::Command CRetoucher::s_vCommands[] = {
-    {"open", [](CRetoucher& r, const std::string& strPath, std::string& strError) { return r.Open(strPath, strError); },
-     true},
-    {"open-sample", Simply<[](CRetoucher& r) { r.Show(RenderSamplePicture()); }>},
-    {"auto-contrast", Simply<[](CRetoucher& r) { r.AutoContrast(); }>},
-    {"revert", Simply<[](CRetoucher& r) { r.Revert(); }>},
-    {"show-original", Simply<[](CRetoucher& r) { r.ShowOriginal(true); }>},
-    {"show-result", Simply<[](CRetoucher& r) { r.ShowOriginal(false); }>},
-    {"zoom-in", Simply<[](CRetoucher& r) { r.m_host.Zoom().StepZoom(1, r.m_host.Zoom().ViewCentre()); }>},
-    {"zoom-out", Simply<[](CRetoucher& r) { r.m_host.Zoom().StepZoom(-1, r.m_host.Zoom().ViewCentre()); }>},
-    {"fit", Simply<[](CRetoucher& r) { r.m_host.Zoom().ZoomToFit(); }>},
-    {"one-to-one", Simply<[](CRetoucher& r) { r.m_host.Zoom().ZoomAbout(1, r.m_host.Zoom().ViewCentre()); }>},
+    {"open", [](R& r, Text& strPath, std::string& strError) { return r.Open(strPath, strError); }, true},
+    {"open-sample", Simply<[](R& r) { r.Show(RenderSamplePicture()); }>},
+    {"auto-contrast", Simply<[](R& r) { r.AutoContrast(); }>},
+    {"brightness-contrast",
+     [](R& r, Text& str, std::string& strError) { return r.BrightnessContrast(str, false, strError); }},
+    {"preview-brightness-contrast",
+     [](R& r, Text& str, std::string& strError) { return r.BrightnessContrast(str, true, strError); }},
+    {"end-preview", Simply<[](R& r) { r.EndPreview(); }>},
+    {"revert", Simply<[](R& r) { r.Revert(); }>},
+    {"show-original", Simply<[](R& r) { r.ShowOriginal(true); }>},
+    {"show-result", Simply<[](R& r) { r.ShowOriginal(false); }>},
+    {"undo", Simply<[](R& r) { r.GoTo(&CHistory::Back); }>},
+    {"redo", Simply<[](R& r) { r.GoTo(&CHistory::Forth); }>},
+    {"select-all", Simply<[](R& r) { r.SelectAll(); }>},
+    {"select-none", Simply<[](R& r) { r.SelectNone(); }>},
+    {"reselect", Simply<[](R& r) { r.Reselect(); }>},
+    {"grow", [](R& r, Text& str, std::string& strError) { return r.GrowOrShrink(str, true, strError); }},
+    {"shrink", [](R& r, Text& str, std::string& strError) { return r.GrowOrShrink(str, false, strError); }},
+    {"feather-selection", [](R& r, Text& str, std::string& strError) { return r.FeatherSelection(str, strError); }},
+    {"hide-outline", Simply<[](R& r) { r.HideOutline(true); }>},
+    {"show-outline", Simply<[](R& r) { r.HideOutline(false); }>},
+    {"still-outline", Simply<[](R& r) { r.StillOutline(true); }>},
+    {"crawling-outline", Simply<[](R& r) { r.StillOutline(false); }>},
+    {"tint", Simply<[](R& r) { r.Tint(true); }>},
+    {"no-tint", Simply<[](R& r) { r.Tint(false); }>},
+    {"tool", [](R& r, Text& str, std::string& strError) { return r.ChooseTool(str, strError); }},
+    {"rule", [](R& r, Text& str, std::string& strError) { return r.ChooseRule(str, strError); }},
+    {"feather", [](R& r, Text& str, std::string& strError) { return r.SetFeather(str, strError); }},
+    {"zoom-in", Simply<[](R& r) { r.m_host.Zoom().StepZoom(1, r.m_host.Zoom().ViewCentre()); }>},
+    {"zoom-out", Simply<[](R& r) { r.m_host.Zoom().StepZoom(-1, r.m_host.Zoom().ViewCentre()); }>},
+    {"fit", Simply<[](R& r) { r.m_host.Zoom().ZoomToFit(); }>},
+    {"one-to-one", Simply<[](R& r) { r.m_host.Zoom().ZoomAbout(1, r.m_host.Zoom().ViewCentre()); }>},
 };
+
+CRetoucher::CRetoucher(CViewHost& host) : m_host(host)
+{
+    m_vSubscriptions = {m_host.Listen([this](UINT uCode, CPoint) { return OnNotified(uCode); }),
+                        m_host.ListenToKeys([this](UINT uKey, bool bDown) { OnKey(uKey, bDown); })};
+    LoadTool();
+}
 
 CRetoucher::~CRetoucher()
 {
+    m_vSubscriptions.clear();
+    View().UnloadEmbeddedTool();
     // The view shows the photo's pixels, which go before it.
     View().ClearBitmap(FALSE);
 }
@@ -61,8 +98,18 @@ bool CRetoucher::Execute(const std::string& strCommand, std::string& strError)
     // Written down before it is done: what it does shows up after it.
     if (!it->bTellsJournal)
         winlite::TheJournal().OnCommand(strCommand);
-    return it->pExecute(*this, strArgument, strError);
+    const bool bDone = it->pExecute(*this, strArgument, strError);
+    Changed();
+    return bDone;
 }
+
+void CRetoucher::Changed()
+{
+    if (m_Changed)
+        m_Changed();
+}
+
+// ---- the document
 
 bool CRetoucher::Open(const std::string& strPath, std::string& strError)
 {
@@ -78,44 +125,158 @@ void CRetoucher::Show(CPhoto photo)
 {
     // The view lets go of the old pixels before they go.
     const std::optional<CPhoto> old = std::exchange(m_photo, std::move(photo));
-    m_vOriginal.clear();
+    m_original.reset();
+    m_bTinted = false;
+    m_strPending.clear();
+    m_lastSelection = {};
     View().ShowCoverImage(FALSE, FALSE);
+    View().vCoverBmpData() = {};
     View().SetBitmap(m_photo->Info(), m_photo->Pixels());
     m_host.Zoom().ZoomToFit();
+    m_history.Reset({});
 }
 
-void CRetoucher::KeepOriginal()
+void CRetoucher::PixelsChanged(const std::string& strName)
 {
-    if (m_vOriginal.empty())
-        m_vOriginal.assign(m_photo->Pixels(), m_photo->Pixels() + m_photo->ByteCount());
+    View().UpdateBitmap(m_photo->Info(), m_photo->Pixels(), TRUE);
+    UpdateTint();
+    AddStep(strName);
 }
 
 void CRetoucher::AutoContrast()
 {
     if (!m_photo)
         return;
-    KeepOriginal();
+    BeginPixels();
     StretchContrast({m_photo->Pixels(), m_photo->ByteCount()});
-    View().UpdateBitmap(m_photo->Info(), m_photo->Pixels(), TRUE);
+    PixelsChanged("Auto Contrast");
+}
+
+bool CRetoucher::BrightnessContrast(const std::string& strValues, bool bPreview, std::string& strError)
+{
+    constexpr int MOST = 100;
+    std::istringstream values(strValues);
+    int iBrightness = 0;
+    int iContrast = 0;
+    if (!(values >> iBrightness >> iContrast) || std::abs(iBrightness) > MOST || std::abs(iContrast) > MOST)
+    {
+        strError = "brightness and contrast are two numbers from -100 to 100";
+        return false;
+    }
+    if (!m_photo)
+        return true;
+    if (bPreview)
+    {
+        std::vector<BYTE> vPreview(m_photo->Pixels(), m_photo->Pixels() + m_photo->ByteCount());
+        ApplyBrightnessContrast(vPreview, iBrightness, iContrast);
+        ShowCover(std::move(vPreview));
+        return true;
+    }
+    BeginPixels();
+    ApplyBrightnessContrast({m_photo->Pixels(), m_photo->ByteCount()}, iBrightness, iContrast);
+    EndPreview();
+    PixelsChanged("Brightness and Contrast");
+    return true;
+}
+
+void CRetoucher::ApplyBrightnessContrast(std::span<BYTE> vPixels, int iBrightness, int iContrast)
+{
+    if (!HasSelection())
+    {
+        AdjustBrightnessContrast(vPixels, {}, iBrightness, iContrast);
+        return;
+    }
+    // The mask's rows begin at the top, the photo's at the bottom.
+    const auto nWidth = static_cast<std::size_t>(m_photo->Width());
+    const std::span<const BYTE> vMask = View().vSelectMask();
+    for (std::size_t y = 0; y < static_cast<std::size_t>(m_photo->Height()); ++y)
+        AdjustBrightnessContrast(vPixels.subspan((m_photo->Height() - 1 - y) * nWidth * 4, nWidth * 4),
+                                 vMask.subspan(y * nWidth, nWidth), iBrightness, iContrast);
+}
+
+void CRetoucher::EndPreview()
+{
+    View().ShowCoverImage(FALSE, FALSE);
+    View().vCoverBmpData() = {};
+    UpdateTint();
+}
+
+void CRetoucher::BeginPixels()
+{
+    if (m_original)
+        return;
+    m_original.emplace(std::span<const BYTE>(m_photo->Pixels(), m_photo->ByteCount()),
+                       static_cast<std::size_t>(m_photo->Width()) * 4, CTiledSnapshot());
+    m_history.FillPixels(*m_original);
 }
 
 void CRetoucher::Revert()
 {
-    if (m_vOriginal.empty())
+    if (!m_original)
         return;
-    std::ranges::copy(m_vOriginal, m_photo->Pixels());
-    View().UpdateBitmap(m_photo->Info(), m_photo->Pixels(), TRUE);
+    m_original->Restore({m_photo->Pixels(), m_photo->ByteCount()});
+    PixelsChanged("Revert");
 }
 
 void CRetoucher::ShowOriginal(bool bShow)
 {
-    if (m_vOriginal.empty())
+    if (!m_original)
         return;
-    // The original covers the picture, at the same zoom and place.
-    if (bShow)
+    if (!bShow)
     {
-        View().vCoverBmpData() = m_vOriginal;
-        View().CoverBmpInfo() = m_photo->Info();
+        EndPreview();
+        return;
     }
-    View().ShowCoverImage(bShow, bShow);
+    // The original covers the picture, at the same zoom and place.
+    std::vector<BYTE> vOriginal(m_photo->ByteCount());
+    m_original->Restore(vOriginal);
+    ShowCover(std::move(vOriginal));
+}
+
+void CRetoucher::ShowCover(std::vector<BYTE> vPixels)
+{
+    View().vCoverBmpData() = std::move(vPixels);
+    View().CoverBmpInfo() = m_photo->Info();
+    View().ShowCoverImage(TRUE, TRUE);
+}
+
+// ---- the history
+
+CHistory::State CRetoucher::TakeState(const std::string& strName)
+{
+    const CHistory::State& now = m_history.Current();
+    const auto nWidth = static_cast<std::size_t>(m_photo->Width());
+    CHistory::State state;
+    state.strName = strName;
+    if (m_original)
+        state.pixels = CTiledSnapshot({m_photo->Pixels(), m_photo->ByteCount()}, nWidth * 4, now.pixels);
+    CRgn rgn;
+    if (View().GetSelectRegion(rgn))
+    {
+        state.vSelected = RectsOf(rgn);
+        state.mask = CTiledSnapshot(View().vSelectMask(), nWidth, now.mask);
+    }
+    return state;
+}
+
+void CRetoucher::AddStep(const std::string& strName)
+{
+    m_history.Add(TakeState(strName));
+    Changed();
+}
+
+void CRetoucher::GoTo(const CHistory::State* (CHistory::*pStep)())
+{
+    const CTiledSnapshot before = m_history.Current().pixels;
+    const CHistory::State* const pState = (m_history.*pStep)();
+    if (!pState)
+        return;
+    m_strPending.clear();
+    if (m_original && !pState->pixels.IsSameAs(before))
+    {
+        pState->pixels.Restore({m_photo->Pixels(), m_photo->ByteCount()});
+        View().UpdateBitmap(m_photo->Info(), m_photo->Pixels(), TRUE);
+    }
+    RestoreSelection(*pState);
+    UpdateTint();
 }

@@ -1,0 +1,74 @@
+#include "retouch/History.h"
+
+#include <cstring>
+
+namespace
+{
+
+constexpr std::size_t MOST_BYTES = std::size_t{512} << 20;
+
+std::size_t BytesBeyond(const CHistory::State& state, const CHistory::State& earlier)
+{
+    return state.pixels.BytesBeyond(earlier.pixels) + state.mask.BytesBeyond(earlier.mask) +
+           state.vSelected.size() * sizeof(RECT);
+}
+
+bool SameRects(const std::vector<RECT>& v1, const std::vector<RECT>& v2)
+{
+    return v1.size() == v2.size() && (v1.empty() || std::memcmp(v1.data(), v2.data(), v1.size() * sizeof(RECT)) == 0);
+}
+
+} // namespace
+
+void CHistory::Reset(State state)
+{
+    m_vStates.clear();
+    m_vStates.push_back(std::move(state));
+    m_iCurrent = 0;
+}
+
+void CHistory::Add(State state)
+{
+    const State& now = Current();
+    if (state.pixels.IsSameAs(now.pixels) && state.mask.IsSameAs(now.mask) && SameRects(state.vSelected, now.vSelected))
+        return;
+    m_vStates.resize(m_iCurrent + 1);
+    m_vStates.push_back(std::move(state));
+    ++m_iCurrent;
+    ForgetOldest();
+}
+
+void CHistory::FillPixels(const CTiledSnapshot& pixels)
+{
+    for (State& state : m_vStates)
+    {
+        if (state.pixels.IsEmpty())
+            state.pixels = pixels;
+    }
+}
+
+void CHistory::ForgetOldest()
+{
+    // The photo itself, which the first state holds, does not count.
+    std::size_t nBytes = 0;
+    for (std::size_t i = 1; i < m_vStates.size(); ++i)
+        nBytes += BytesBeyond(m_vStates[i], m_vStates[i - 1]);
+    while (nBytes > MOST_BYTES && m_vStates.size() > 2)
+    {
+        nBytes -= BytesBeyond(m_vStates[1], m_vStates[0]);
+        m_vStates.pop_front();
+        --m_iCurrent;
+    }
+}
+
+const CHistory::State* CHistory::Back() { return m_iCurrent > 0 ? &m_vStates[--m_iCurrent] : nullptr; }
+
+const CHistory::State* CHistory::Forth()
+{
+    return m_iCurrent + 1 < m_vStates.size() ? &m_vStates[++m_iCurrent] : nullptr;
+}
+
+std::string CHistory::ForthName() const
+{
+    return m_iCurrent + 1 < m_vStates.size() ? m_vStates[m_iCurrent + 1].strName : "";
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "retouch/TiledSnapshot.h"
+
+#include <deque>
+#include <string>
+
+/// What a photo and its selection were after each step, to go back and forth between. Memory is bounded: the oldest
+/// steps are forgotten first.
+class CHistory
+{
+public:
+    struct State
+    {
+        std::string strName;         ///< What the person did to come here.
+        CTiledSnapshot pixels;       ///< The photo's buffer.
+        CTiledSnapshot mask;         ///< The selection's weights.
+        std::vector<RECT> vSelected; ///< The selection's rectangles; none when nothing is selected.
+    };
+
+    /// Starts anew with what the photo is now.
+    void Reset(State state);
+
+    /// Adds what came of a step, unless nothing changed; steps that were undone are forgotten.
+    void Add(State state);
+
+    /// Gives every state that has no pixels yet, because nothing had changed them, these.
+    void FillPixels(const CTiledSnapshot& pixels);
+
+    /// The state now, and the ones to go back and forth to; NULL when there is none.
+    const State& Current() const { return m_vStates[m_iCurrent]; }
+    const State* Back();
+    const State* Forth();
+
+    /// What would be undone or done again; empty when nothing would.
+    std::string BackName() const { return m_iCurrent > 0 ? Current().strName : ""; }
+    std::string ForthName() const;
+
+private:
+    void ForgetOldest();
+
+    std::deque<State> m_vStates{1};
+    std::size_t m_iCurrent = 0;
+};

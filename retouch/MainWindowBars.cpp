@@ -1,0 +1,201 @@
+#include "qt/PixtaneWidget.h"
+#include "retouch/BrightnessDialog.h"
+#include "retouch/CommandBar.h"
+#include "retouch/MainWindow.h"
+
+#include <QInputDialog>
+#include <QLabel>
+#include <QMenuBar>
+#include <QSpinBox>
+#include <QStatusBar>
+
+namespace
+{
+
+constexpr int MOST_PIXELS = 500;
+
+/// What the keys do now, by tool.
+QString HintFor(const std::string& strTool)
+{
+    if (strTool == "hand")
+        return QObject::tr("Drag to move the picture");
+    if (strTool == "lasso")
+        return QObject::tr("Alt goes on as a polygon");
+    if (strTool == "polygon")
+        return QObject::tr("Double click or Ctrl closes, Delete takes a corner back");
+    return QObject::tr("Shift: equal sides, Space: move the shape");
+}
+
+} // namespace
+
+void CMainWindow::MakeMenus()
+{
+    MakeFileMenu();
+    MakeEditMenu();
+    MakeImageMenu();
+    MakeSelectMenu();
+    MakeViewMenu();
+}
+
+void CMainWindow::MakeFileMenu()
+{
+    QMenu* pMenu = menuBar()->addMenu(tr("&File"));
+    pMenu->addAction(tr("&Open..."), QKeySequence::Open, this, &CMainWindow::ChooseFile);
+    m_pRecentMenu = pMenu->addMenu(tr("Open &Recent"));
+    connect(m_pRecentMenu, &QMenu::aboutToShow, this, &CMainWindow::FillRecentMenu);
+    pMenu->addAction(tr("Open &Sample Picture"), this, [this] { OpenFile({}); });
+    pMenu->addSeparator();
+    pMenu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
+}
+
+void CMainWindow::MakeEditMenu()
+{
+    QMenu* pMenu = menuBar()->addMenu(tr("&Edit"));
+    m_pUndo = AddCommand(*pMenu, {}, {QKeySequence::Undo}, "undo");
+    m_pRedo = AddCommand(*pMenu, {}, {QKeySequence(tr("Ctrl+Shift+Z")), QKeySequence(tr("Ctrl+Y"))}, "redo");
+}
+
+void CMainWindow::MakeImageMenu()
+{
+    QMenu* pMenu = menuBar()->addMenu(tr("&Image"));
+    AddCommand(*pMenu, tr("&Auto Contrast"), {QKeySequence(tr("Ctrl+Shift+L"))}, "auto-contrast");
+    pMenu->addAction(tr("&Brightness and Contrast..."), QKeySequence(tr("Ctrl+B")), this,
+                     [this] { CBrightnessDialog(this, [this](const std::string& str) { Execute(str); }).exec(); });
+    AddCommand(*pMenu, tr("&Revert to Original"), {}, "revert");
+}
+
+void CMainWindow::MakeSelectMenu()
+{
+    QMenu* pMenu = menuBar()->addMenu(tr("&Select"));
+    AddCommand(*pMenu, tr("&All"), {QKeySequence(tr("Ctrl+A"))}, "select-all");
+    AddCommand(*pMenu, tr("&None"), {QKeySequence(tr("Ctrl+D"))}, "select-none");
+    AddCommand(*pMenu, tr("&Reselect"), {QKeySequence(tr("Ctrl+Shift+D"))}, "reselect");
+    pMenu->addSeparator();
+    pMenu->addAction(tr("&Grow..."), this, [this] { AskPixels(tr("Grow the selection by pixels:"), "grow"); });
+    pMenu->addAction(tr("&Shrink..."), this, [this] { AskPixels(tr("Shrink the selection by pixels:"), "shrink"); });
+    pMenu->addAction(tr("&Feather..."), QKeySequence(tr("Shift+F6")), this,
+                     [this] { AskPixels(tr("Soften the selection's edge by pixels:"), "feather-selection"); });
+    pMenu->addSeparator();
+    m_pHideOutline = AddSwitch(*pMenu, tr("&Hide Outline"), QKeySequence(tr("Ctrl+H")), "hide-outline", "show-outline");
+    m_pStillOutline = AddSwitch(*pMenu, tr("Outline &Stands Still"), {}, "still-outline", "crawling-outline");
+    m_pTint = AddSwitch(*pMenu, tr("&Tint What Is Not Selected"), QKeySequence(tr("Ctrl+T")), "tint", "no-tint");
+}
+
+void CMainWindow::MakeViewMenu()
+{
+    QMenu* pMenu = menuBar()->addMenu(tr("&View"));
+    AddCommand(*pMenu, tr("Zoom &In"), {QKeySequence::ZoomIn, QKeySequence(tr("Ctrl+="))}, "zoom-in");
+    AddCommand(*pMenu, tr("Zoom &Out"), {QKeySequence::ZoomOut}, "zoom-out");
+    AddCommand(*pMenu, tr("&Fit"), {QKeySequence(tr("Ctrl+0"))}, "fit");
+    AddCommand(*pMenu, tr("O&ne to One"), {QKeySequence(tr("Ctrl+1"))}, "one-to-one");
+    pMenu->addSeparator();
+    pMenu->addAction(tr("Hold B to see the original, Space for the hand"))->setEnabled(false);
+}
+
+QAction* CMainWindow::AddCommand(QMenu& menu, const QString& strText, const QList<QKeySequence>& vKeys,
+                                 const std::string& strCommand)
+{
+    QAction* pAction = menu.addAction(strText, this, [this, strCommand] { Execute(strCommand); });
+    pAction->setShortcuts(vKeys);
+    return pAction;
+}
+
+QAction* CMainWindow::AddSwitch(QMenu& menu, const QString& strText, const QKeySequence& key, const std::string& strOn,
+                                const std::string& strOff)
+{
+    QAction* pAction = menu.addAction(strText);
+    pAction->setCheckable(true);
+    pAction->setShortcut(key);
+    connect(pAction, &QAction::triggered, this, [this, strOn, strOff](bool bOn) { Execute(bOn ? strOn : strOff); });
+    return pAction;
+}
+
+void CMainWindow::AskPixels(const QString& strQuestion, const std::string& strCommand)
+{
+    bool bGiven = false;
+    const int iPixels = QInputDialog::getInt(this, windowTitle(), strQuestion, 5, 1, MOST_PIXELS, 1, &bGiven);
+    if (bGiven)
+        Execute(strCommand + " " + std::to_string(iPixels));
+}
+
+void CMainWindow::MakePalette()
+{
+    auto* pBar = new QToolBar(tr("Tools"), this);
+    pBar->setMovable(false);
+    pBar->setIconSize({24, 24});
+    addToolBar(Qt::LeftToolBarArea, pBar);
+    m_pTools = new CChoiceGroup(*pBar, "tool",
+                                {{"hand", QT_TRANSLATE_NOOP("CChoiceGroup", "Hand"), "H"},
+                                 {"rectangle", QT_TRANSLATE_NOOP("CChoiceGroup", "Rectangle"), "M"},
+                                 {"ellipse", QT_TRANSLATE_NOOP("CChoiceGroup", "Ellipse"), "E"},
+                                 {"lasso", QT_TRANSLATE_NOOP("CChoiceGroup", "Lasso"), "L"},
+                                 {"polygon", QT_TRANSLATE_NOOP("CChoiceGroup", "Polygon"), "P"}},
+                                [this](const std::string& strCommand) { Execute(strCommand); });
+}
+
+void CMainWindow::MakeOptionsBar()
+{
+    auto* pBar = new QToolBar(tr("Options"), this);
+    pBar->setMovable(false);
+    pBar->setIconSize({20, 20});
+    addToolBar(Qt::TopToolBarArea, pBar);
+    m_pRules = new CChoiceGroup(*pBar, "rule",
+                                {{"new", QT_TRANSLATE_NOOP("CChoiceGroup", "New selection"), "1"},
+                                 {"add", QT_TRANSLATE_NOOP("CChoiceGroup", "Add to selection"), "2"},
+                                 {"subtract", QT_TRANSLATE_NOOP("CChoiceGroup", "Subtract from selection"), "3"},
+                                 {"intersect", QT_TRANSLATE_NOOP("CChoiceGroup", "Intersect with selection"), "4"}},
+                                [this](const std::string& strCommand) { Execute(strCommand); });
+    pBar->addSeparator();
+    auto* pLabel = new QLabel(tr(" &Feather "), pBar);
+    m_pFeather = new QSpinBox(pBar);
+    m_pFeather->setRange(0, MOST_PIXELS);
+    m_pFeather->setSuffix(tr(" px"));
+    m_pFeather->setToolTip(tr("How soft the edge of new shapes is"));
+    pLabel->setBuddy(m_pFeather);
+    pBar->addWidget(pLabel);
+    pBar->addWidget(m_pFeather);
+    connect(m_pFeather, &QSpinBox::valueChanged, this,
+            [this](int iPixels)
+            {
+                if (iPixels != m_retoucher.Feather())
+                    Execute("feather " + std::to_string(iPixels));
+            });
+    connect(m_pFeather, &QSpinBox::editingFinished, this, [this] { m_pView->setFocus(); });
+}
+
+void CMainWindow::MakeStatusBar()
+{
+    m_pPositionLabel = new QLabel(this);
+    m_pColourLabel = new QLabel(this);
+    m_pSelectionLabel = new QLabel(this);
+    m_pZoomLabel = new QLabel(this);
+    m_pHintLabel = new QLabel(this);
+    statusBar()->addWidget(m_pHintLabel, 1);
+    for (QLabel* pLabel : {m_pSelectionLabel, m_pPositionLabel, m_pColourLabel, m_pZoomLabel})
+        statusBar()->addPermanentWidget(pLabel);
+}
+
+void CMainWindow::Refresh()
+{
+    const auto name = [](QAction& action, const QString& strWhat, const std::string& strStep)
+    {
+        action.setEnabled(!strStep.empty());
+        action.setText(strStep.empty() ? strWhat : strWhat + " " + QString::fromStdString(strStep));
+    };
+    name(*m_pUndo, tr("&Undo"), m_retoucher.History().BackName());
+    name(*m_pRedo, tr("&Redo"), m_retoucher.History().ForthName());
+    m_pHideOutline->setChecked(m_retoucher.IsOutlineHidden());
+    m_pStillOutline->setChecked(m_retoucher.IsOutlineStill());
+    m_pTint->setChecked(m_retoucher.IsTinted());
+    m_pTools->Show(m_retoucher.ToolName());
+    m_pRules->Show(m_retoucher.RuleName());
+    m_pFeather->setValue(m_retoucher.Feather());
+    m_pHintLabel->setText(HintFor(m_retoucher.ToolName()));
+    const CRect rcBox = m_retoucher.SelectionBox();
+    m_pSelectionLabel->setText(rcBox.IsRectEmpty() ? QString()
+                                                   : tr("Selection %1 \u00D7 %2 at %3, %4")
+                                                         .arg(rcBox.Width())
+                                                         .arg(rcBox.Height())
+                                                         .arg(rcBox.left)
+                                                         .arg(rcBox.top));
+}

@@ -1,0 +1,164 @@
+#include "retouch/Retoucher.h"
+#include "view/Notifications.h"
+
+#include <algorithm>
+
+using Pixtane::EmbeddedTool::RegionSelector;
+
+namespace
+{
+
+constexpr const char* HAND = "hand";
+
+struct Shape
+{
+    const char* pszName;
+    RegionSelector::emSelectMode eMode;
+};
+constexpr Shape SHAPES[] = {
+    {HAND, RegionSelector::SM_NONE},         {"lasso", RegionSelector::SM_LASSO},
+    {"polygon", RegionSelector::SM_POLYGON}, {"rectangle", RegionSelector::SM_RECTANGLE},
+    {"ellipse", RegionSelector::SM_ELLIPSE},
+};
+
+struct Rule
+{
+    const char* pszName;
+    RegionSelector::emOverlapMode eMode;
+};
+constexpr Rule RULES[] = {
+    {"new", RegionSelector::OM_NEW},
+    {"add", RegionSelector::OM_ADD},
+    {"subtract", RegionSelector::OM_SUBTRACT},
+    {"intersect", RegionSelector::OM_INTERSECT},
+};
+
+/// What a change of the selection is called in the history.
+struct StepName
+{
+    UINT uCode;
+    const char* pszName;
+};
+constexpr StepName STEP_NAMES[] = {
+    {Pixtane::PVN_SELECT_NEW, "Select"},
+    {Pixtane::PVN_SELECT_ADD, "Add to Selection"},
+    {Pixtane::PVN_SELECT_SUBTRACT, "Subtract from Selection"},
+    {Pixtane::PVN_SELECT_INTERSECT, "Intersect Selection"},
+    {Pixtane::PVN_SELECTION_CLEARED, "Deselect"},
+    {Pixtane::PVN_SELECTION_INVERTED, "Invert Selection"},
+    {Pixtane::PVN_SELECTION_MOVED, "Move Selection"},
+};
+
+template<class T, std::size_t N>
+const T* Find(const T (&vTable)[N], const std::string& strName)
+{
+    const auto it = std::ranges::find(vTable, strName, &T::pszName);
+    return it == std::end(vTable) ? nullptr : &*it;
+}
+
+} // namespace
+
+bool CRetoucher::ChooseTool(const std::string& strName, std::string& strError)
+{
+    if (!Find(SHAPES, strName))
+    {
+        strError = "there is no tool \"" + strName + "\"";
+        return false;
+    }
+    m_strTool = strName;
+    LoadTool();
+    return true;
+}
+
+void CRetoucher::LoadTool()
+{
+    // A shape that is being drawn ends as it does when the mouse is taken away.
+    if (::GetCapture() == View().m_hWnd)
+        ::ReleaseCapture();
+    m_bHandHeld = false;
+    m_selector.SetSelectMode(Find(SHAPES, m_strTool)->eMode);
+    if (m_strTool == HAND)
+        View().LoadEmbeddedTool(m_hand);
+    else
+        View().LoadEmbeddedTool(m_selector);
+}
+
+bool CRetoucher::ChooseRule(const std::string& strName, std::string& strError)
+{
+    const Rule* pRule = Find(RULES, strName);
+    if (pRule)
+        m_selector.SetSelectOverlapMode(pRule->eMode);
+    else
+        strError = "there is no rule \"" + strName + "\"";
+    return pRule != nullptr;
+}
+
+std::string CRetoucher::RuleName() const
+{
+    const auto it = std::ranges::find(RULES, m_selector.GetSelectOverlapMode(), &Rule::eMode);
+    return it == std::end(RULES) ? "" : it->pszName;
+}
+
+std::vector<BYTE> CRetoucher::SelectorSettings() const
+{
+    std::vector<BYTE> vSettings;
+    m_selector.SerializeToolSettings(vSettings);
+    return vSettings;
+}
+
+bool CRetoucher::TakeSelectorSettings(const std::vector<BYTE>& vSettings)
+{
+    RegionSelector selector;
+    if (!selector.UnserializeToolSettings(vSettings))
+        return false;
+    const auto it = std::ranges::find(RULES, selector.GetSelectOverlapMode(), &Rule::eMode);
+    std::string strError;
+    return it != std::end(RULES) && Execute(std::string("rule ") + it->pszName, strError) &&
+           Execute("feather " + std::to_string(selector.GetFeatherRadius()), strError);
+}
+
+// ---- what the view tells
+
+LRESULT CRetoucher::OnNotified(UINT uCode)
+{
+    const auto it = std::ranges::find(STEP_NAMES, uCode, &StepName::uCode);
+    if (it != std::end(STEP_NAMES))
+        m_strPending = it->pszName;
+    if (uCode == Pixtane::PVN_IMAGEMOVER_END)
+    {
+        if (m_bOutlineHidden)
+            View().ShowSelection(FALSE);
+        if (m_bHandHeld && ::GetKeyState(VK_SPACE) >= 0)
+            LoadTool();
+    }
+    CommitSelection();
+    return 0;
+}
+
+void CRetoucher::CommitSelection()
+{
+    // A drag that replaces the selection first clears it: one step, when the mouse is let go.
+    if (m_strPending.empty() || ::GetCapture() == View().m_hWnd)
+        return;
+    SelectionChanged(std::exchange(m_strPending, {}));
+}
+
+void CRetoucher::OnKey(UINT uKey, bool bDown)
+{
+    // While a shape is being drawn the space bar moves it, and is the tool's.
+    if (uKey == VK_SPACE && ::GetCapture() != View().m_hWnd && m_strTool != HAND)
+        HoldHand(bDown);
+}
+
+void CRetoucher::HoldHand(bool bHold)
+{
+    if (bHold == m_bHandHeld)
+        return;
+    if (!bHold)
+    {
+        LoadTool();
+        return;
+    }
+    m_bHandHeld = true;
+    View().LoadEmbeddedTool(m_hand);
+}

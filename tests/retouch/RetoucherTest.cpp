@@ -1,0 +1,205 @@
+#include "retouch/Retoucher.h"
+#include "headless/HeadlessDesktop.h"
+#include "support/User.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+namespace
+{
+
+/// The program without its window, and a person at it.
+class RetoucherTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        host.MoveWindow(0, 0, 600, 400);
+        host.ShowWindow(SW_SHOW);
+        CPhoto photo(300, 200);
+        std::fill_n(photo.Pixels(), photo.ByteCount(), BYTE{100});
+        retoucher.ShowPhoto(std::move(photo));
+        CUser::Settle();
+    }
+
+    void Do(const std::string& strCommand)
+    {
+        std::string strError;
+        EXPECT_TRUE(retoucher.Execute(strCommand, strError)) << strCommand << ": " << strError;
+        CUser::Settle();
+    }
+    std::string Refusal(const std::string& strCommand)
+    {
+        std::string strError;
+        return retoucher.Execute(strCommand, strError) ? "done" : strError;
+    }
+
+    /// A window point over a bitmap pixel.
+    CPoint At(int x, int y)
+    {
+        CPoint pt(x, y);
+        host.View().FromBitmapToWnd(pt);
+        return pt;
+    }
+    void Drag(CPoint ptFrom, CPoint ptTo) { user.Drag(At(ptFrom.x, ptFrom.y), At(ptTo.x, ptTo.y)); }
+    std::string Box()
+    {
+        const CRect rc = retoucher.SelectionBox();
+        return rc.IsRectEmpty() ? "none"
+                                : std::to_string(rc.left) + "," + std::to_string(rc.top) + "," +
+                                      std::to_string(rc.right) + "," + std::to_string(rc.bottom);
+    }
+    int Pixel(int x, int y) { return retoucher.Photo()->Row(y)[4 * x]; }
+
+    CViewHost host;
+    CRetoucher retoucher{host};
+    CUser user{host.View()};
+};
+
+TEST_F(RetoucherTest, EverySelectionIsOneStepToUndoAndRedo)
+{
+    Do("tool rectangle");
+    Drag({10, 10}, {49, 29});
+    Drag({100, 100}, {109, 109}); // clears the first on its way
+    Do("rule add");
+    Drag({110, 100}, {119, 109});
+    user.Type(VK_RIGHT);
+    EXPECT_EQ(Box(), "101,100,121,110");
+    EXPECT_EQ(retoucher.History().BackName(), "Move Selection");
+    Do("select-none");
+    for (const char* pszBox : {"101,100,121,110", "100,100,120,110", "100,100,110,110", "10,10,50,30", "none"})
+    {
+        Do("undo");
+        EXPECT_EQ(Box(), pszBox);
+    }
+    EXPECT_EQ(retoucher.History().BackName(), "");
+    Do("undo");
+    for (const char* pszBox : {"10,10,50,30", "100,100,110,110"})
+    {
+        Do("redo");
+        EXPECT_EQ(Box(), pszBox);
+    }
+    EXPECT_EQ(retoucher.History().ForthName(), "Add to Selection");
+    Do("select-all");
+    EXPECT_EQ(retoucher.History().ForthName(), "") << "what was undone is gone";
+    Do("select-none");
+    Do("reselect");
+    EXPECT_EQ(Box(), "0,0,300,200");
+}
+
+TEST_F(RetoucherTest, AnAdjustmentGoesAsFarAsTheSelectionSaysAndComesBack)
+{
+    Do("tool rectangle");
+    Do("feather 20");
+    Drag({100, 50}, {199, 149});
+    Do("brightness-contrast 60 0");
+    EXPECT_EQ(Pixel(150, 100), 160);
+    EXPECT_EQ(Pixel(5, 5), 100);
+    EXPECT_NEAR(Pixel(100, 100), 130, 3) << "half way on the edge";
+    Do("undo");
+    EXPECT_EQ(Pixel(150, 100), 100);
+    EXPECT_EQ(Pixel(100, 100), 100);
+    Do("redo");
+    EXPECT_EQ(Pixel(150, 100), 160);
+    Do("preview-brightness-contrast 0 100");
+    EXPECT_EQ(Pixel(150, 100), 160) << "a preview changes nothing";
+    Do("end-preview");
+    Do("select-none");
+    Do("brightness-contrast 0 -100");
+    EXPECT_EQ(Pixel(5, 5), 128) << "without a selection it is all of it";
+    Do("revert");
+    EXPECT_EQ(Pixel(150, 100), 100);
+    Do("undo");
+    EXPECT_EQ(Pixel(5, 5), 128);
+}
+
+TEST_F(RetoucherTest, TheSelectionMenuGrowsShrinksAndSoftens)
+{
+    Do("tool rectangle");
+    Drag({100, 50}, {199, 149});
+    Do("grow 10");
+    EXPECT_EQ(Box(), "90,40,210,160");
+    EXPECT_EQ(host.View().vSelectMask()[41 * 300 + 91], 0) << "corners become round";
+    Do("undo");
+    Do("shrink 10");
+    EXPECT_EQ(Box(), "110,60,190,140");
+    Do("feather-selection 4");
+    EXPECT_EQ(Box(), "105,55,195,145");
+    Do("shrink 500");
+    EXPECT_EQ(Box(), "none");
+    Do("grow 5");
+    EXPECT_NE(Refusal("grow 0").find("from 1 to 500"), std::string::npos);
+    EXPECT_NE(Refusal("feather -1").find("\"-1\""), std::string::npos);
+    EXPECT_NE(Refusal("feather 5x").find("\"5x\""), std::string::npos);
+    EXPECT_NE(Refusal("tool brush").find("\"brush\""), std::string::npos);
+    EXPECT_NE(Refusal("rule xor").find("\"xor\""), std::string::npos);
+    EXPECT_NE(Refusal("brightness-contrast 1 101").find("-100 to 100"), std::string::npos);
+    EXPECT_NE(Refusal("dance").find("\"dance\""), std::string::npos);
+    EXPECT_NE(Refusal("open /no/such/file.png").find("/no/such/file.png"), std::string::npos);
+    EXPECT_EQ(retoucher.Photo()->Width(), 300);
+}
+
+TEST_F(RetoucherTest, AHiddenOutlineStaysHiddenAndSpaceIsAHand)
+{
+    const auto picture = [&]
+    {
+        CUser::Settle();
+        return winlite::WindowPicture(host.m_hWnd).vPixels;
+    };
+    Do("one-to-one");
+    host.Zoom().ZoomAbout(4, {0, 0});
+    const auto plain = picture();
+    Do("tool rectangle");
+    Drag({10, 10}, {80, 80});
+    const auto outlined = picture();
+    EXPECT_NE(outlined, plain);
+    Do("hide-outline");
+    EXPECT_EQ(picture(), plain);
+    user.KeyDown(VK_SPACE);
+    user.Drag({100, 100}, {60, 100});
+    EXPECT_EQ(host.View().ptDispPos().X, 40);
+    EXPECT_EQ(Box(), "10,10,81,81") << "the hand selects nothing";
+    user.KeyUp(VK_SPACE);
+    const auto panned = picture();
+    host.View().ShowSelection(FALSE);
+    EXPECT_EQ(picture(), panned) << "still hidden";
+    Do("show-outline");
+    Do("still-outline");
+    const auto still = picture();
+    user.Wait(1000);
+    EXPECT_EQ(picture(), still);
+    Do("crawling-outline");
+    user.Wait(600);
+    EXPECT_NE(picture(), still);
+    Drag({90, 20}, {95, 25});
+    EXPECT_EQ(Box(), "90,20,96,26") << "the tool is back";
+    Do("tint");
+    const auto tinted = picture();
+    Do("no-tint");
+    EXPECT_NE(picture(), tinted);
+}
+
+TEST(TiledSnapshotTest, SnapshotsShareWhatDidNotChange)
+{
+    std::mt19937 random(1);
+    std::vector<BYTE> vBytes(700 * 900);
+    std::vector<CTiledSnapshot> vSnapshots(1);
+    std::vector<std::vector<BYTE>> vStates;
+    for (int i = 0; i < 10; ++i)
+    {
+        for (int j = 0; j < 50; ++j)
+            vBytes[random() % 256 * 700 + random() % 256] = static_cast<BYTE>(random());
+        vStates.push_back(vBytes);
+        vSnapshots.emplace_back(vBytes, 700, vSnapshots.back());
+    }
+    EXPECT_LT(vSnapshots[1].BytesBeyond(vSnapshots[0]), 70000U) << "one tile and eleven of one value";
+    EXPECT_EQ(vSnapshots[5].BytesBeyond(vSnapshots[4]), 65536U);
+    for (std::size_t i = 0; i < vStates.size(); ++i)
+    {
+        vSnapshots[i + 1].Restore(vBytes);
+        EXPECT_EQ(vBytes, vStates[i]);
+    }
+    EXPECT_TRUE(CTiledSnapshot(vBytes, 700, vSnapshots.back()).IsSameAs(vSnapshots.back()));
+}
+
+} // namespace
