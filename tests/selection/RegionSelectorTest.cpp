@@ -314,8 +314,14 @@ TEST_F(RegionSelectorTest, TheViewFollowsAShapeThatLeavesIt)
     pView->SetZoom(8);
     pView->SetDispPosition(400, 300);
     user->Press({100, 100});
+    const DWORD dwStart = ::GetTickCount();
     user->Move({10, 100});
     EXPECT_EQ(pView->ptDispPos(), Gdiplus::Point(0, 300)) << "the pointer stays near the edge";
+    EXPECT_GE(::GetTickCount() - dwStart, 400 / 10 * 16U) << "ten pixels a step, and a person can follow";
+    user->Move({120, 100});
+    const DWORD dwInside = ::GetTickCount();
+    user->Move({121, 100});
+    EXPECT_EQ(::GetTickCount(), dwInside) << "away from the edges nothing waits";
     user->Move({500, 199});
     EXPECT_EQ(pView->ptDispPos(), Gdiplus::Point(1600 - 283, 800 - 183));
     user->Release({282, 182});

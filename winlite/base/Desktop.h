@@ -50,6 +50,10 @@ public:
     /// What was presented must come to the screen now: the program is in a handler that may take long.
     virtual void ShowPresented() {}
 
+    /// Lets the time pass until the screen can show another picture: the program follows the pointer in one handler,
+    /// and a person must be able to follow, too.
+    virtual void WaitForRefresh(int) {}
+
     /// The program chose another cursor; NULL hides it.
     virtual void CursorChanged(HCURSOR) {}
 

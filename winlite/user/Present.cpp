@@ -15,6 +15,12 @@ namespace
 constexpr std::uint64_t REFRESH_MS = 16;
 std::uint64_t s_uLastPresented = 0;
 
+// Repaints in the mouse move that is being handled. One for the scrolling and one for what a tool draws belong to every
+// move; a handler that goes on repainting scrolls at the edge.
+constexpr int REPAINTS_OF_A_MOVE = 2;
+int s_nRepaintsInMove = 0;
+bool s_bInCapturedMove = false;
+
 /// Takes the damage of a window that can be shown; empty otherwise.
 Region TakeDamage(WindowObject& window)
 {
@@ -45,9 +51,19 @@ void PresentDamage()
     }
 }
 
+void BeginHandling(UINT uMessage)
+{
+    s_bInCapturedMove = uMessage == WM_MOUSEMOVE && ::GetCapture();
+    s_nRepaintsInMove = 0;
+}
+
 void PresentWithinHandler()
 {
-    if (TheDesktop().TickCount() - s_uLastPresented < REFRESH_MS)
+    const bool bScrollsAtEdge = s_bInCapturedMove && ++s_nRepaintsInMove > REPAINTS_OF_A_MOVE;
+    const std::uint64_t uSince = TheDesktop().TickCount() - s_uLastPresented;
+    if (bScrollsAtEdge && uSince < REFRESH_MS)
+        TheDesktop().WaitForRefresh(static_cast<int>(REFRESH_MS - uSince));
+    else if (uSince < REFRESH_MS)
         return;
     PresentDamage();
     TheDesktop().ShowPresented();

@@ -209,6 +209,7 @@ BOOL TranslateMessage(const MSG*) { return FALSE; }
 
 LRESULT DispatchMessage(const MSG* pMessage)
 {
+    BeginHandling(pMessage->message);
     return ::SendMessage(pMessage->hwnd, pMessage->message, pMessage->wParam, pMessage->lParam);
 }
 

@@ -18,8 +18,12 @@ HWND CreateWindowHooked(const CREATESTRUCT& create, const std::function<void(HWN
 void PresentDamage();
 
 /// The same from inside a handler that has repainted synchronously and may go on for long: when the screen's refresh
-/// interval has passed since the last time, and shown at once.
+/// interval has passed since the last time, and shown at once. A handler of a captured mouse move that repaints again
+/// and again, as scrolling at the edge does, waits for that interval: it so gets a pace that a person can follow.
 void PresentWithinHandler();
+
+/// A message is about to be dispatched.
+void BeginHandling(UINT uMessage);
 
 /// Milliseconds until the next timer is due; -1 without timers.
 int MsToNextTimer();

@@ -22,6 +22,7 @@ public:
     SIZE ScreenSize() override;
     void Present(HWND hWnd, const SurfaceView& picture, std::span<const RECT> vDamage) override;
     void WindowChanged(HWND hWnd) override;
+    void WaitForRefresh(int iMs) override { Advance(iMs); }
 
     /// Moves the clock to the next timer, or says that nothing can happen when there is none.
     bool WaitForInput(int iTimeoutMs) override;

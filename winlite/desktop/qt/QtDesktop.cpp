@@ -69,6 +69,8 @@ void QtDesktop::ShowPresented()
         pWindow->ShowNow();
 }
 
+void QtDesktop::WaitForRefresh(int iMs) { QThread::msleep(static_cast<unsigned long>(iMs)); }
+
 void QtDesktop::WindowChanged(HWND hWnd)
 {
     if (!::IsWindow(hWnd))

@@ -31,6 +31,7 @@ public:
     void Present(HWND hWnd, const SurfaceView& picture, std::span<const RECT> vDamage) override;
     void ShowPresented() override;
     void WindowChanged(HWND hWnd) override;
+    void WaitForRefresh(int iMs) override;
     void CursorChanged(HCURSOR hCursor) override;
 
     /// Live on X11.
