@@ -2,6 +2,7 @@
 
 #include "headless/HeadlessDesktop.h"
 #include "retouch/PngFile.h"
+#include "user/Input.h"
 #include "user/Window.h"
 
 #include <algorithm>
@@ -85,20 +86,80 @@ const CTour::Stop CTour::s_vStops[] = {
     {"preview-left", [](CTour& tour) { tour.LeavePreview(); }, &CTour::WriteWindow},
     {"cover-image", [](CTour& tour) { tour.ShowCover(); }, &CTour::WriteWindow},
     {"read-back", [](CTour& tour) { tour.LeaveCover(); }, &CTour::WriteReadBack},
+    {"rectangle-being-drawn",
+     [](CTour& tour)
+     {
+         tour.Do("tool rectangle");
+         tour.Draw({{0.7, 0.7}, {0.35, 0.3}});
+     },
+     &CTour::WriteWindow},
+    {"rectangle", [](CTour& tour) { tour.Button(false); }, &CTour::WriteWindow},
+    {"ellipse-being-added",
+     [](CTour& tour)
+     {
+         tour.Do("tool ellipse");
+         tour.Do("rule add");
+         tour.Draw({{0.55, 0.2}, {0.85, 0.55}});
+     },
+     &CTour::WriteWindow},
+    {"ellipse-added", [](CTour& tour) { tour.Button(false); }, &CTour::WriteWindow},
+    {"lasso-being-subtracted",
+     [](CTour& tour)
+     {
+         tour.Do("tool lasso");
+         tour.Do("rule subtract");
+         tour.Draw({{0.4, 0.4}, {0.45, 0.35}, {0.5, 0.37}, {0.53, 0.45}, {0.5, 0.55}, {0.43, 0.53}});
+     },
+     &CTour::WriteWindow},
+    {"lasso-subtracted", [](CTour& tour) { tour.Button(false); }, &CTour::WriteWindow},
+    {"polygon-being-intersected",
+     [](CTour& tour)
+     {
+         tour.Do("tool polygon");
+         tour.Do("rule intersect");
+         for (const Place place : {Place{0.3, 0.25}, Place{0.9, 0.3}, Place{0.6, 0.9}})
+             tour.Drag(place, place);
+         tour.PointTo({0.45, 0.75});
+     },
+     &CTour::WriteWindow},
+    {"polygon-intersected", [](CTour& tour) { tour.Drag({0.3, 0.25}, {0.3, 0.25}); }, &CTour::WriteWindow},
+    {"feathered-and-tinted",
+     [](CTour& tour)
+     {
+         tour.Do("feather-selection 30");
+         tour.Do("tint");
+     },
+     &CTour::WriteWindow},
+    {"adjusted-where-selected",
+     [](CTour& tour)
+     {
+         tour.Do("no-tint");
+         tour.Do("brightness-contrast 40 30");
+         tour.Do("hide-outline");
+     },
+     &CTour::WriteWindow},
+    {"undone",
+     [](CTour& tour)
+     {
+         tour.Do("show-outline");
+         tour.Do("undo");
+         tour.Do("undo");
+     },
+     &CTour::WriteWindow},
+    {"outline-at-zoom-8", [](CTour& tour) { tour.ShowCentreAt(8); }, &CTour::WriteWindow},
 };
 
-CTour::CTour(CPhoto& photo, std::string strFolder) : m_photo(photo), m_strFolder(std::move(strFolder)) {}
-
-CTour::~CTour()
+CTour::CTour(CPhoto photo, std::string strFolder) : m_strFolder(std::move(strFolder))
 {
-    m_view.DestroyWindow();
-    AfxGetThread()->m_pMainWnd = nullptr;
+    m_host.MoveWindow(0, 0, WINDOW_SIZE.cx, WINDOW_SIZE.cy);
+    m_host.ShowWindow(SW_SHOW);
+    winlite::QueueActivation(m_host.m_hWnd, true);
+    m_retoucher.ShowPhoto(std::move(photo));
+    DispatchPending();
 }
 
 bool CTour::Play(std::string& strError)
 {
-    if (!OpenWindow(strError))
-        return false;
     int iStop = 0;
     for (const Stop& stop : s_vStops)
     {
@@ -112,46 +173,28 @@ bool CTour::Play(std::string& strError)
     return true;
 }
 
-bool CTour::OpenWindow(std::string& strError)
-{
-    constexpr UINT VIEW_ID = 1;
-    const CRect rcClient(0, 0, WINDOW_SIZE.cx, WINDOW_SIZE.cy);
-    if (!m_wndHost.CreateEx(0, AfxRegisterWndClass(0), L"retouch", WS_VISIBLE, rcClient, nullptr, 0) ||
-        !m_view.Create(rcClient, &m_wndHost, VIEW_ID, BACKGROUND))
-    {
-        strError = "the window could not be made";
-        return false;
-    }
-    m_view.ShowWindow(SW_SHOW);
-    AfxGetThread()->m_pMainWnd = &m_wndHost;
-    if (m_view.SetBitmap(m_photo.Info(), m_photo.Pixels()))
-        return true;
-    strError = "the view refused the photo";
-    return false;
-}
-
 void CTour::ShowWhole()
 {
     // Small enough to leave a margin all around.
     constexpr double SHARE = 0.6;
-    m_view.SetZoom(FitZoom() * SHARE);
+    View().SetZoom(FitZoom() * SHARE);
 }
 
-void CTour::ShowFitted() { m_view.SetZoom(FitZoom()); }
+void CTour::ShowFitted() { View().SetZoom(FitZoom()); }
 
 double CTour::FitZoom()
 {
-    return std::min(static_cast<double>(WINDOW_SIZE.cx) / m_view.iBmpWidth(),
-                    static_cast<double>(WINDOW_SIZE.cy) / m_view.iBmpHeight());
+    return std::min(static_cast<double>(WINDOW_SIZE.cx) / View().iBmpWidth(),
+                    static_cast<double>(WINDOW_SIZE.cy) / View().iBmpHeight());
 }
 
 void CTour::ShowCentreAt(double dbZoom)
 {
-    m_view.SetZoom(dbZoom);
+    View().SetZoom(dbZoom);
     CRect rcView;
-    m_view.GetClientRect(&rcView);
-    const Gdiplus::SizeF szZoomed = m_view.ZoomedSize();
-    m_view.SetDispPosition((static_cast<int>(szZoomed.Width) - rcView.Width()) / 2,
+    View().GetClientRect(&rcView);
+    const Gdiplus::SizeF szZoomed = View().ZoomedSize();
+    View().SetDispPosition((static_cast<int>(szZoomed.Width) - rcView.Width()) / 2,
                            (static_cast<int>(szZoomed.Height) - rcView.Height()) / 2);
 }
 
@@ -159,35 +202,77 @@ void CTour::FreezePreview()
 {
     ShowCentreAt(1);
     DispatchPending();
-    m_view.EnterPreviewMode();
-    ForEachPixel(m_photo.Pixels(), m_photo.ByteCount(), Invert);
-    m_view.UpdateBitmap(m_photo.Info(), m_photo.Pixels(), TRUE);
+    View().EnterPreviewMode();
+    ForEachPixel(m_retoucher.Photo()->Pixels(), m_retoucher.Photo()->ByteCount(), Invert);
+    View().UpdateBitmap(m_retoucher.Photo()->Info(), m_retoucher.Photo()->Pixels(), TRUE);
 }
 
-void CTour::LeavePreview() { m_view.ExitPreviewMode(); }
+void CTour::LeavePreview() { View().ExitPreviewMode(); }
 
 void CTour::ShowCover()
 {
     // The photo gets its colours back; its cover is without any, and follows the zoom.
-    ForEachPixel(m_photo.Pixels(), m_photo.ByteCount(), Invert);
-    m_view.UpdateBitmap(m_photo.Info(), m_photo.Pixels(), TRUE);
-    std::vector<BYTE>& vCover = m_view.vCoverBmpData();
-    vCover.assign(m_photo.Pixels(), m_photo.Pixels() + m_photo.ByteCount());
+    ForEachPixel(m_retoucher.Photo()->Pixels(), m_retoucher.Photo()->ByteCount(), Invert);
+    View().UpdateBitmap(m_retoucher.Photo()->Info(), m_retoucher.Photo()->Pixels(), TRUE);
+    std::vector<BYTE>& vCover = View().vCoverBmpData();
+    vCover.assign(m_retoucher.Photo()->Pixels(), m_retoucher.Photo()->Pixels() + m_retoucher.Photo()->ByteCount());
     ForEachPixel(vCover.data(), vCover.size(), MakeGrey);
-    m_view.CoverBmpInfo() = m_photo.Info();
-    m_view.ShowCoverImage(TRUE, TRUE);
+    View().CoverBmpInfo() = m_retoucher.Photo()->Info();
+    View().ShowCoverImage(TRUE, TRUE);
     ShowCentreAt(2.5);
 }
 
 void CTour::LeaveCover()
 {
-    m_view.ShowCoverImage(FALSE, FALSE);
+    View().ShowCoverImage(FALSE, FALSE);
     ShowFitted();
 }
 
+// ---- a person's hand
+
+void CTour::Do(const std::string& strCommand)
+{
+    std::string strError;
+    m_retoucher.Execute(strCommand, strError);
+    DispatchPending();
+}
+
+void CTour::PointTo(Place place)
+{
+    CRect rcView;
+    View().GetClientRect(&rcView);
+    CPoint pt(static_cast<int>(rcView.Width() * place.dX), static_cast<int>(rcView.Height() * place.dY));
+    View().ClientToScreen(&pt);
+    m_ptPointer = pt;
+    winlite::QueuePointerMove(m_host.m_hWnd, m_ptPointer);
+    DispatchPending();
+}
+
+void CTour::Button(bool bDown)
+{
+    winlite::QueueButton(m_host.m_hWnd, winlite::MouseButton::Left, bDown, m_ptPointer);
+    DispatchPending();
+}
+
+void CTour::Draw(const std::vector<Place>& vPlaces)
+{
+    PointTo(vPlaces.front());
+    Button(true);
+    for (const Place& place : vPlaces)
+        PointTo(place);
+}
+
+void CTour::Drag(Place from, Place to)
+{
+    Draw({from, to});
+    Button(false);
+}
+
+// ---- pictures
+
 bool CTour::WriteWindow(const std::string& strPath, std::string& strError)
 {
-    return Write(strPath, winlite::WindowPicture(m_wndHost.m_hWnd), strError);
+    return Write(strPath, winlite::WindowPicture(m_host.m_hWnd), strError);
 }
 
 bool CTour::WriteCorner(const std::string& strPath, std::string& strError)
@@ -195,7 +280,7 @@ bool CTour::WriteCorner(const std::string& strPath, std::string& strError)
     constexpr int SIDE = 150;
     constexpr int FACTOR = 4;
     const CRect rcCorner(WINDOW_SIZE.cx - SIDE, WINDOW_SIZE.cy - SIDE, WINDOW_SIZE.cx, WINDOW_SIZE.cy);
-    return Write(strPath, EnlargedBy(CropOf(winlite::WindowPicture(m_wndHost.m_hWnd), rcCorner), FACTOR), strError);
+    return Write(strPath, EnlargedBy(CropOf(winlite::WindowPicture(m_host.m_hWnd), rcCorner), FACTOR), strError);
 }
 
 bool CTour::WriteReadBack(const std::string& strPath, std::string& strError)
@@ -203,7 +288,7 @@ bool CTour::WriteReadBack(const std::string& strPath, std::string& strError)
     CRect rcShown;
     std::vector<BYTE> vData;
     BITMAPINFO info;
-    if (!m_view.GetCurDisplayImage(&rcShown, vData, info))
+    if (!View().GetCurDisplayImage(&rcShown, vData, info))
     {
         strError = "the displayed image could not be read back";
         return false;

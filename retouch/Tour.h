@@ -1,7 +1,6 @@
 #pragma once
 
-#include "retouch/Photo.h"
-#include "view/Pixtane.h"
+#include "retouch/Retoucher.h"
 
 #include <string>
 
@@ -9,22 +8,21 @@
 class CTour
 {
 public:
-    /// The folder must exist. The photo's pixels are changed along the way.
-    CTour(CPhoto& photo, std::string strFolder);
-    ~CTour();
+    /// The folder must exist.
+    CTour(CPhoto photo, std::string strFolder);
 
-    /// FALSE, with the reason, when the window cannot be made or a picture cannot be written.
+    /// FALSE, with the reason, when a picture cannot be written.
     bool Play(std::string& strError);
 
 private:
     struct Stop;
     static const Stop s_vStops[];
 
-    bool OpenWindow(std::string& strError);
     bool WriteWindow(const std::string& strPath, std::string& strError);
     bool WriteCorner(const std::string& strPath, std::string& strError);
     bool WriteReadBack(const std::string& strPath, std::string& strError);
 
+    Pixtane::CPixtane& View() { return m_host.View(); }
     double FitZoom();
     void ShowWhole();
     void ShowFitted();
@@ -34,8 +32,19 @@ private:
     void ShowCover();
     void LeaveCover();
 
-    CPhoto& m_photo;
+    // What a person does: places are shares of the view's width and height.
+    struct Place
+    {
+        double dX, dY;
+    };
+    void Do(const std::string& strCommand);
+    void PointTo(Place place);
+    void Button(bool bDown);
+    void Draw(const std::vector<Place>& vPlaces);
+    void Drag(Place from, Place to);
+
+    CViewHost m_host;
+    CRetoucher m_retoucher{m_host};
     std::string m_strFolder;
-    CWnd m_wndHost;
-    Pixtane::CPixtane m_view;
+    POINT m_ptPointer = {};
 };

@@ -54,7 +54,7 @@ int RunWindow(int argc, char** argv, const QCommandLineParser& options)
                                    : ShowWindow(strPhoto);
 }
 
-int PlayTour(CPhoto& photo, const std::string& strFolder)
+int PlayTour(CPhoto photo, const std::string& strFolder)
 {
     std::error_code error;
     std::filesystem::create_directories(strFolder, error);
@@ -65,7 +65,7 @@ int PlayTour(CPhoto& photo, const std::string& strFolder)
     if (!AfxWinInit(nullptr, nullptr, nullptr, SW_SHOW))
         return Fail("the library did not start");
     std::string strError;
-    const bool bPlayed = CTour(photo, strFolder).Play(strError);
+    const bool bPlayed = CTour(std::move(photo), strFolder).Play(strError);
     AfxWinTerm();
     if (!bPlayed)
         return Fail(strError);
@@ -91,7 +91,7 @@ int Tour(const QCommandLineParser& options)
 {
     std::string strError;
     std::optional<CPhoto> photo = OpenPhoto(options.positionalArguments(), strError);
-    return photo ? PlayTour(*photo, options.value("tour").toStdString()) : Fail(strError);
+    return photo ? PlayTour(std::move(*photo), options.value("tour").toStdString()) : Fail(strError);
 }
 
 /// The command line, before the kind of application is chosen; ends the program for mistakes.
