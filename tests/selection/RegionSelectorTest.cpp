@@ -142,6 +142,7 @@ TEST_F(RegionSelectorTest, WeightsAddSubtractAndMultiply)
             opened.MergeSelectMask();
             ASSERT_EQ(pView->vSelectMask(), vWanted);
         }
+        pView->UnloadEmbeddedTool();
     }
     pView->LoadEmbeddedTool(tool);
     pView->ClearSelection();
