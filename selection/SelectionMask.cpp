@@ -23,17 +23,52 @@ bool HasSize(const std::vector<BYTE>& vMask, int iWidth, int iHeight)
            static_cast<long long>(iWidth) * iHeight == static_cast<long long>(vMask.size());
 }
 
+/// Writes a mask from its first byte to its last, each byte once.
+class CMaskFiller
+{
+public:
+    CMaskFiller(std::vector<BYTE>& vMask, int iWidth) : m_vMask(vMask), m_iWidth(iWidth) {}
+    ~CMaskFiller() { Fill(m_vMask.size(), 0); }
+    CMaskFiller(const CMaskFiller&) = delete;
+    CMaskFiller& operator=(const CMaskFiller&) = delete;
+
+    /// The next run; all before it is not selected.
+    void AddRun(int y, int iLeft, int iRight)
+    {
+        const std::size_t iRow = static_cast<std::size_t>(y) * m_iWidth;
+        Fill(iRow + iLeft, 0);
+        Fill(iRow + iRight, 255);
+    }
+
+private:
+    void Fill(std::size_t iEnd, BYTE weight)
+    {
+        std::memset(m_vMask.data() + m_nDone, weight, iEnd - m_nDone);
+        m_nDone = iEnd;
+    }
+
+    std::vector<BYTE>& m_vMask;
+    int m_iWidth;
+    std::size_t m_nDone = 0;
+};
+
+/// Fills the mask with a region's rectangles, which come in bands of rows.
 void FillRects(std::span<const RECT> vRects, std::vector<BYTE>& vMask, int iWidth, int iHeight)
 {
-    for (const RECT& rc : vRects)
+    CMaskFiller filler(vMask, iWidth);
+    for (auto itBand = vRects.begin(); itBand != vRects.end();)
     {
-        const int iLeft = std::max<int>(rc.left, 0);
-        const int iRight = std::min<int>(rc.right, iWidth);
-        const int iBottom = std::min<int>(rc.bottom, iHeight);
-        if (iLeft >= iRight)
-            continue;
-        for (int y = std::max<int>(rc.top, 0); y < iBottom; ++y)
-            std::fill_n(vMask.begin() + static_cast<std::ptrdiff_t>(y) * iWidth + iLeft, iRight - iLeft, BYTE{255});
+        const auto itEnd =
+            std::find_if(itBand, vRects.end(), [top = itBand->top](const RECT& rc) { return rc.top != top; });
+        for (int y = std::max<int>(itBand->top, 0); y < std::min<int>(itBand->bottom, iHeight); ++y)
+        {
+            for (auto it = itBand; it != itEnd; ++it)
+            {
+                const int iLeft = std::clamp<int>(it->left, 0, iWidth);
+                filler.AddRun(y, iLeft, std::clamp<int>(it->right, iLeft, iWidth));
+            }
+        }
+        itBand = itEnd;
     }
 }
 
@@ -86,9 +121,10 @@ try
         QLWriteLog(QL_INFO, MODULE_NAME, FUNCTION, L"Invalid Mask Size.");
         return 0;
     }
-    vMask.assign(static_cast<std::size_t>(llSize), 0);
+    vMask.resize(static_cast<std::size_t>(llSize));
     if (!rgn.GetSafeHandle())
     {
+        std::ranges::fill(vMask, BYTE{0});
         QLWriteLog(QL_INFO, MODULE_NAME, FUNCTION, L"No select region.");
         return 1;
     }
@@ -96,6 +132,7 @@ try
     rgn.GetRgnBox(&rcBox);
     if (rcBox.IsRectEmpty())
     {
+        std::ranges::fill(vMask, BYTE{0});
         QLWriteLog(QL_ERROR, MODULE_NAME, FUNCTION, L"Empty Region.");
         return 0;
     }

@@ -69,7 +69,7 @@ TEST_F(MaskTest, MaskAndRegionAgreeOnRandomPictures)
         vMask[static_cast<std::size_t>(Below(cx * cy))] = 255;
         CRgn rgn;
         ASSERT_TRUE(CPixtane::CreateRgnFromMask(rgn, vMask, cx, cy));
-        std::vector<BYTE> vBack(3);
+        std::vector<BYTE> vBack(i % 2 ? vMask.size() : 3, BYTE{77});
         ASSERT_TRUE(CPixtane::CreateSelectMask(rgn, vBack, cx, cy, 0));
         ASSERT_EQ(vBack, vMask) << cx << " x " << cy;
     }
