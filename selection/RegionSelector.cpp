@@ -4,6 +4,7 @@
 #include "view/Rounding.h"
 #include "view/ToolSettings.h"
 
+#include <algorithm>
 #include <cwchar>
 #include <utility>
 
@@ -133,8 +134,10 @@ int RegionSelector::OnSetCursor(CWnd*, UINT, UINT)
 
 CPoint RegionSelector::ToBitmap(CPoint ptClient) const
 {
+    // As far as regions reach, with room for what shapes add.
+    constexpr LONG FARTHEST = (1 << 27) - 16;
     pView->FromWndToBitmap(ptClient);
-    return ptClient;
+    return {std::clamp(ptClient.x, -FARTHEST, FARTHEST), std::clamp(ptClient.y, -FARTHEST, FARTHEST)};
 }
 
 CPoint RegionSelector::ToWindow(CPoint ptBmp) const
