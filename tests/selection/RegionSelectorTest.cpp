@@ -3,6 +3,7 @@
 #include "support/MaskPicture.h"
 #include "support/User.h"
 
+#include <cmath>
 #include <random>
 
 using Pixtane::EmbeddedTool::RegionSelector;
@@ -43,6 +44,11 @@ protected:
         CPoint pt(x, y);
         pView->FromBitmapToWnd(pt);
         return pt;
+    }
+    CPoint ToBitmap(CPoint ptWindow)
+    {
+        pView->FromWndToBitmap(ptWindow);
+        return ptWindow;
     }
     CMaskPicture Mask() { return CMaskPicture::Of(pView->vSelectMask(), CX); }
 
@@ -327,6 +333,33 @@ TEST_F(RegionSelectorTest, TheViewFollowsAShapeThatLeavesIt)
     EXPECT_EQ(pView->ptDispPos(), Gdiplus::Point(1600 - 283, 800 - 183));
     user->Release({282, 182});
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "62,50,200,100 ");
+}
+
+TEST_F(RegionSelectorTest, ShapesMeanBitmapPixelsAtEveryZoomAndPlace)
+{
+    CTestBitmap large = CTestBitmap::Numbered(400, 300);
+    pView->SetBitmap(large.info, large.vBits.data());
+    for (const double dbZoom : {0.25, 1.0, 2.5, 8.0})
+    {
+        for (const int iFeather : {0, 3})
+        {
+            tool.SetFeatherRadius(iFeather);
+            pView->SetZoom(dbZoom);
+            pView->SetDispPosition(static_cast<int>(90 * dbZoom), static_cast<int>(80 * dbZoom));
+            pView->ClearSelection();
+            user->Wait(600); // no double click
+            const CPoint ptFrom(120, 80), ptTo(150, 110);
+            const CPoint ptFirst = ToBitmap(ptFrom), ptLast = ToBitmap(ptTo);
+            user->Drag(ptFrom, ptTo);
+            CRect rcBox;
+            pView->rgnSelect().GetRgnBox(&rcBox);
+            const int iReach = iFeather ? 4 : 0;
+            EXPECT_EQ(rcBox,
+                      CRect(ptFirst.x - iReach, ptFirst.y - iReach, ptLast.x + 1 + iReach, ptLast.y + 1 + iReach))
+                << dbZoom;
+            EXPECT_EQ(ptFirst.x, std::floor((120 + pView->ptDispPos().X) / dbZoom));
+        }
+    }
 }
 
 TEST_F(RegionSelectorTest, SettingsAreCheckedKeptAndRestored)
