@@ -92,10 +92,10 @@ class Canvas:
         self._opaque |= mask
         self._white |= mask
 
-    def ink(self, shape, halo=1):
-        """Draws the shape black with white around it, so that it shows on any photo."""
+    def ink(self, shape, inside=()):
+        """Draws the shape black with white around it, so that it shows on any photo, and what it encloses white too."""
         mask = Mask.of(shape)
-        self._paint_white(mask.grown(halo))
+        self._paint_white(mask.grown(1) | Mask.of(inside))
         self._paint_black(mask)
         return self
 
@@ -118,6 +118,11 @@ class Canvas:
         mask = Mask.of(shape)
         self._paint_black(mask.grown(1))
         self._paint_white(mask)
+        return self
+
+    def white(self, shape):
+        """Draws the shape white."""
+        self._paint_white(Mask.of(shape))
         return self
 
     def pixels(self):

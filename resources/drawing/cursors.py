@@ -3,15 +3,17 @@
 from .canvas import Canvas
 from .shapes import ellipse, frame, line, mirrored, moved, polygon, rectangle, smooth, transposed
 
-ARROW = polygon((0, 0), (0, 17), (3.9, 13.3), (6.6, 19.6), (9.6, 18.3), (6.9, 12.1), (12, 12))
+ARROW = polygon((0, 0), (0, 17), (3.9, 13.3), (6.6, 19.8), (10.2, 18.3), (7.4, 12), (12, 12))
 
-# The symbols beside the arrow, 12 x 10 pixels.
-LASSO = line(smooth([(3, 6.3), (0.8, 3.6), (4, 1), (8.6, 0.8), (11.4, 3.2), (9, 6), (5, 6.8)], closed=True), 1.2) + line(
-    smooth([(3, 6.3), (1.6, 7.4), (3.2, 8.4), (2.2, 9.8)]), 1.2
-)
-POLYGON = line([(0.6, 3.5), (7.5, 0.6), (7.5, 4.5), (11.4, 6), (8.5, 9.4), (2, 9.4)], 1.2, closed=True)
-RECTANGLE = frame(12, 10)
-ELLIPSE = line(ellipse(6, 5, 5.4, 4.4)[0], 1.2, closed=True)
+# The symbols beside the arrow, 12 x 10 pixels: lines and the area they enclose.
+LASSO_LOOP = smooth([(3.2, 5.8), (0.8, 3.4), (4, 1), (8.6, 0.8), (11.4, 3), (9, 5.6), (5.6, 6.3)], closed=True)
+LASSO_TAIL = smooth([(3.2, 5.8), (1.7, 7), (2.4, 8.5), (5, 9.4)])
+LASSO = line(LASSO_LOOP, 1.2, closed=True) + line(LASSO_TAIL, 1.2), [LASSO_LOOP]
+VERTICES = [(0.6, 2.6), (5.2, 4.4), (11.4, 0.6), (9.4, 9.4), (2.6, 9.4)]
+POLYGON = line(VERTICES, 1.2, closed=True), [VERTICES]
+RECTANGLE = frame(12, 10), rectangle(0, 0, 12, 10)
+OVAL = ellipse(6, 5, 5.4, 4.4)
+ELLIPSE = line(OVAL[0], 1.2, closed=True), OVAL
 DASHED_RECTANGLE = [
     contour
     for x, y, width, height in [(0, 0, 3, 1), (5, 0, 2, 1), (9, 0, 3, 1), (0, 9, 3, 1), (5, 9, 2, 1), (9, 9, 3, 1)]
@@ -26,11 +28,23 @@ MARKS = {
     "subtract": rectangle(0, 2, 6, 2),
     "intersect": line([(0.7, 0.7), (5.3, 5.3)], 1.7) + line([(5.3, 0.7), (0.7, 5.3)], 1.7),
 }
-CLOSING_CIRCLE = line(ellipse(3, 3, 2.3, 2.3)[0], 1.4, closed=True)
+CIRCLE = ellipse(3, 3, 2.4, 2.4)
+
+# White fingers two pixels wide, a pixel apart, on the same palm; the thumb comes last.
+PALM = polygon((4, 9), (15, 9), (15, 12), (13, 17), (6, 17), (3.6, 13))
+OPEN_FINGERS = [(5, 3, 10), (8, 2, 10), (11, 2.5, 10), (14, 5, 10)]
+OPEN_THUMB = [(2, 9.6), (5, 13.4)]
+CLOSED_FINGERS = [(5, 6.5, 10), (8, 5.5, 10), (11, 6, 10), (14, 7.2, 10)]
+CLOSED_THUMB = [(3, 10), (5, 13)]
+
+HORIZONTAL = rectangle(3, 3, 9, 1) + polygon((0.5, 3.5), (4, 1), (4, 6)) + polygon((14.5, 3.5), (11, 1), (11, 6))
+FALLING = line([(3, 3), (12, 12)], 1.4) + polygon((1, 1), (6, 1), (1, 6)) + polygon((14, 14), (9, 14), (14, 9))
 
 
-def arrow_with(symbol, mark):
-    return Canvas().ink(moved(symbol, 11, 20) + moved(mark, 25, 22)).solid(ARROW)
+def arrow_with(symbol, mark, mark_inside=()):
+    lines, inside = symbol
+    shape = moved(lines, 10, 21) + moved(mark, 25, 23)
+    return Canvas().ink(shape, moved(inside, 10, 21) + moved(mark_inside, 25, 23)).solid(ARROW)
 
 
 def star(x, y, radius):
@@ -43,25 +57,20 @@ def star(x, y, radius):
 
 
 def wand(mark):
-    sparkles = star(10.5, 3.5, 3) + star(3.5, 10.5, 3)
-    canvas = Canvas().ink(sparkles + moved(mark, 22, 17)).ink(line([(4.2, 4.2), (18.5, 18.5)], 2.6))
-    return canvas
+    sparkles = star(13.5, 3.5, 3.5) + star(3.5, 13.5, 3.5) + star(17.5, 9.5, 2)
+    stick = line([(4.4, 4.4), (20, 20)], 3)
+    return Canvas().ink(sparkles + moved(mark, 23, 21) + stick).white(line([(5.4, 5.4), (7.4, 7.4)], 1.6))
 
 
 def hollow_arrow():
     return Canvas().ink(moved(DASHED_RECTANGLE, 12, 20)).hollow(ARROW)
 
 
-def hand(fingers, palm):
-    return Canvas().rimmed(palm + [c for finger in fingers for c in line(finger, 2.4)])
-
-
-OPEN_HAND = [[(5, 3.5), (6, 10)], [(8.2, 1.8), (8.6, 10)], [(11.6, 2.4), (11.4, 10)], [(14.8, 5), (14, 11)], [(2.2, 9.5), (5.6, 13)]]
-CLOSED_HAND = [[(5.2, 5.8), (5.2, 10)], [(8.4, 5), (8.4, 10)], [(11.6, 5.3), (11.6, 10)], [(14.4, 6.6), (14.2, 10)], [(3, 9), (4.6, 12)]]
-PALM = polygon((5, 9), (15, 9), (14.8, 12), (13, 17), (7, 17), (4.4, 12.4))
-
-HORIZONTAL = rectangle(3, 3, 9, 1) + polygon((1, 3.5), (4, 1), (4, 6)) + polygon((14, 3.5), (11, 1), (11, 6))
-FALLING = line([(3, 3), (12, 12)], 1.4) + polygon((1, 1), (6, 1), (1, 6)) + polygon((14, 14), (9, 14), (14, 9))
+def hand(fingers, thumb):
+    shape = PALM + line(thumb, 2.2)
+    for x, top, bottom in fingers:
+        shape += line([(x, top), (x, bottom)], 2)
+    return Canvas().rimmed(shape)
 
 
 def cursors():
@@ -72,10 +81,10 @@ def cursors():
             table[f"{name}_{rule}"] = arrow_with(symbol, mark), (0, 0)
     for rule, mark in MARKS.items():
         table[f"wand_{rule}"] = wand(mark), (3, 3)
-    table["polygon_close"] = arrow_with(POLYGON, CLOSING_CIRCLE), (0, 0)
+    table["polygon_close"] = arrow_with(POLYGON, line(CIRCLE[0], 1.3, closed=True), CIRCLE), (0, 0)
     table["move_selection"] = hollow_arrow(), (0, 0)
-    table["hand_open"] = hand(OPEN_HAND, PALM), (8, 6)
-    table["hand_closed"] = hand(CLOSED_HAND, PALM), (8, 6)
+    table["hand_open"] = hand(OPEN_FINGERS, OPEN_THUMB), (8, 6)
+    table["hand_closed"] = hand(CLOSED_FINGERS, CLOSED_THUMB), (8, 6)
     table["size_horizontal"] = Canvas().ink(HORIZONTAL), (7, 3)
     table["size_vertical"] = Canvas().ink(transposed(HORIZONTAL)), (3, 7)
     table["size_falling"] = Canvas().ink(FALLING), (7, 7)
