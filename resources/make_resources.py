@@ -15,7 +15,8 @@ BLACK, WHITE = (0, 0, 0), (255, 255, 255)
 # What a character of a cursor's text picture stands for, as red, green, blue, alpha.
 INK = {".": (0, 0, 0, 0), "#": BLACK + (255,), "o": WHITE + (255,)}
 
-# The hot spot is the free pixel in the middle, (7, 7). The arms begin at 0, so their outline has no room at the left and top ends.
+# The hot spot is the free pixel in the middle, (7, 7). The arms begin at 0, so their outline has no room at the
+# left and top ends.
 CROSSHAIR = [
     "......o#o.......",
     "......o#o.......",
@@ -43,7 +44,7 @@ def drawn(picture, size=32):
 
 
 def checker(shift, size=8):
-    """Squares of half the size, black where both coordinates fall into the same half, moved by shift along the diagonal."""
+    """Squares of half the size, black where both coordinates fall into the same half, moved along the diagonal."""
     half = size // 2
     first_half = [(i + shift) % size < half for i in range(size)]
     return [[BLACK if first_half[x] == first_half[y] else WHITE for x in range(size)] for y in range(size)]

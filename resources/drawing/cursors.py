@@ -1,4 +1,4 @@
-"""The cursors of the selection and scrolling tools."""
+"""The cursors of the tools that select, scroll and resize."""
 
 from .canvas import Canvas
 from .shapes import ellipse, frame, line, mirrored, moved, polygon, rectangle, smooth, transposed
@@ -30,7 +30,7 @@ MARKS = {
 }
 CIRCLE = ellipse(3, 3, 2.4, 2.4)
 
-# White fingers two pixels wide, a pixel apart, on the same palm; the thumb comes last.
+# White fingers two pixels wide, a pixel apart, on the same palm.
 PALM = polygon((4, 9), (15, 9), (15, 12), (13, 17), (6, 17), (3.6, 13))
 OPEN_FINGERS = [(5, 3, 10), (8, 2, 10), (11, 2.5, 10), (14, 5, 10)]
 OPEN_THUMB = [(2, 9.6), (5, 13.4)]
@@ -42,6 +42,7 @@ FALLING = line([(3, 3), (12, 12)], 1.4) + polygon((1, 1), (6, 1), (1, 6)) + poly
 
 
 def arrow_with(symbol, mark, mark_inside=()):
+    """A black arrow, the symbol at its lower right and the mark beside that; all of it fits the canvas to the pixel."""
     lines, inside = symbol
     shape = moved(lines, 10, 21) + moved(mark, 25, 23)
     return Canvas().ink(shape, moved(inside, 10, 21) + moved(mark_inside, 25, 23)).solid(ARROW)
@@ -57,16 +58,19 @@ def star(x, y, radius):
 
 
 def wand(mark):
+    """A stick with a white end, whose tip is at (3, 3), and sparkles around it."""
     sparkles = star(13.5, 3.5, 3.5) + star(3.5, 13.5, 3.5) + star(17.5, 9.5, 2)
     stick = line([(4.4, 4.4), (20, 20)], 3)
     return Canvas().ink(sparkles + moved(mark, 23, 21) + stick).white(line([(5.4, 5.4), (7.4, 7.4)], 1.6))
 
 
 def hollow_arrow():
+    """A white arrow with a dashed rectangle."""
     return Canvas().ink(moved(DASHED_RECTANGLE, 12, 20)).hollow(ARROW)
 
 
 def hand(fingers, thumb):
+    """A white hand; a finger is its middle, top and bottom."""
     shape = PALM + line(thumb, 2.2)
     for x, top, bottom in fingers:
         shape += line([(x, top), (x, bottom)], 2)

@@ -14,8 +14,8 @@ def bmp_file(rows):
 
 
 def cur_file(rows, hot_spot):
-    """A .cur of one 32-bit image from rows of (red, green, blue, alpha), top row first; a transparent pixel leaves the screen
-    as it is, also for readers that only know the one-bit mask."""
+    """A .cur of one 32-bit image from rows of (red, green, blue, alpha), top row first; a transparent pixel
+    leaves the screen as it is, also for readers that only know the one-bit mask."""
     width, height = len(rows[0]), len(rows)
     bits = b"".join(bytes((b, g, r, a)) for row in reversed(rows) for r, g, b, a in row)
     mask = b"".join(mask_row(row) for row in reversed(rows))
@@ -27,7 +27,7 @@ def cur_file(rows, hot_spot):
 
 
 def mask_row(row):
-    """One row of the mask: a set bit where the pixel is transparent, leftmost pixel in the highest bit, padded to 32 bits."""
+    """One row of the mask: a set bit where the pixel is transparent, the leftmost in the highest bit, to 32 bits."""
     padded_width = (len(row) + 31) // 32 * 32
     value = 0
     for pixel in row:

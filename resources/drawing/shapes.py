@@ -1,6 +1,6 @@
 """Shapes: lists of closed contours, each a list of (x, y) in pixels, that stand for the area inside any of them.
 
-Joining two shapes is adding two lists. Only arithmetic whose rounding is the same everywhere builds them, so no sines."""
+Joining two shapes is adding two lists. Their arithmetic rounds the same everywhere, so it has no sines."""
 
 import math
 
@@ -28,7 +28,8 @@ def smooth(points, closed=False):
     """Points of a curve that passes evenly through the given ones (a Catmull-Rom spline)."""
     before, after = ([points[-1]], points[:2]) if closed else (points[:1], points[-1:])
     through = before + points + after
-    curve = [blend(*through[i : i + 4], step / CURVE_STEPS) for i in range(len(through) - 3) for step in range(CURVE_STEPS)]
+    spans = [through[i : i + 4] for i in range(len(through) - 3)]
+    curve = [blend(*span, step / CURVE_STEPS) for span in spans for step in range(CURVE_STEPS)]
     return curve if closed else curve + points[-1:]
 
 

@@ -1,0 +1,88 @@
+#include "gdi/Handles.h"
+#include "support/TestView.h"
+#include "user/Cursor.h"
+
+#include <algorithm>
+
+namespace
+{
+
+/// A cursor of the library by its number; null when it does not load.
+std::shared_ptr<winlite::CursorObject> Cursor(UINT uId)
+{
+    const LPCWSTR pszId = MAKEINTRESOURCE(uId);
+    return winlite::FindTyped<winlite::CursorObject>(
+        ::LoadCursor(AfxFindResourceHandle(pszId, RT_GROUP_CURSOR), pszId));
+}
+
+/// How many pixels of a cursor are dark and opaque.
+std::ptrdiff_t InkOf(UINT uId)
+{
+    const auto pCursor = Cursor(uId);
+    const auto isInk = [](std::uint32_t uPixel) { return uPixel >> 24 > 200 && (uPixel & 0xFF) < 64; };
+    return pCursor ? std::ranges::count_if(pCursor->vPixels, isInk) : -1;
+}
+
+/// The pixels at the right edge of an arrow cursor, where its mark is.
+std::vector<std::uint32_t> MarkOf(UINT uId)
+{
+    constexpr int MARK_LEFT = 24;
+    const auto pCursor = Cursor(uId);
+    std::vector<std::uint32_t> vMark;
+    for (int i = 0; pCursor && i < pCursor->cx * pCursor->cy; ++i)
+    {
+        if (i % pCursor->cx >= MARK_LEFT)
+            vMark.push_back(pCursor->vPixels[i]);
+    }
+    return vMark;
+}
+
+} // namespace
+
+TEST(CursorsTest, EachIsThereWithItsHotSpot)
+{
+    const struct
+    {
+        UINT uFirst, uLast;
+        CPoint ptHotSpot;
+    } vCases[] = {
+        {3005, 3005, {7, 7}}, {3007, 3014, {0, 0}}, {3015, 3018, {3, 3}}, {3019, 3027, {0, 0}}, {3028, 3029, {8, 6}},
+        {3030, 3030, {0, 0}}, {3034, 3034, {7, 3}}, {3035, 3035, {3, 7}}, {3036, 3037, {7, 7}},
+    };
+    std::vector<std::vector<std::uint32_t>> vPictures;
+    for (const auto& [uFirst, uLast, ptHotSpot] : vCases)
+    {
+        for (UINT uId = uFirst; uId <= uLast; ++uId)
+        {
+            SCOPED_TRACE(uId);
+            const auto pCursor = Cursor(uId);
+            ASSERT_TRUE(pCursor);
+            EXPECT_EQ(CPoint(pCursor->ptHotSpot), ptHotSpot);
+            EXPECT_EQ(CSize(pCursor->cx, pCursor->cy), CSize(32, 32));
+            EXPECT_EQ(std::ranges::count(vPictures, pCursor->vPixels), 0) << "like an earlier one";
+            vPictures.push_back(pCursor->vPixels);
+        }
+    }
+}
+
+TEST(CursorsTest, TheMarkTellsTheRule)
+{
+    const struct
+    {
+        UINT uNew, uAdd, uSubtract, uIntersect;
+    } vShapes[] = {
+        {3011, 3014, 3013, 3012}, {3019, 3022, 3021, 3020}, {3024, 3027, 3026, 3025},
+        {3007, 3010, 3009, 3008}, {3015, 3018, 3017, 3016},
+    };
+    for (const auto& [uNew, uAdd, uSubtract, uIntersect] : vShapes)
+    {
+        SCOPED_TRACE(uNew);
+        EXPECT_LT(InkOf(uNew), InkOf(uSubtract));
+        EXPECT_LT(InkOf(uSubtract), InkOf(uAdd)) << "a plus has the minus and more";
+        if (uNew == 3015)
+            continue; // the wand's marks are elsewhere
+        EXPECT_EQ(MarkOf(uAdd), MarkOf(3027));
+        EXPECT_EQ(MarkOf(uSubtract), MarkOf(3026));
+        EXPECT_EQ(MarkOf(uIntersect), MarkOf(3025));
+    }
+}
