@@ -28,4 +28,14 @@ namespace Vorpix
 bool FeatherRegion(std::vector<unsigned char>& vMask, RECT& rcBox, int iRadius, int iWidth, int iHeight,
                    void (*pfnProgress)(size_t, size_t), bool bReserved);
 
+/// Weighs how well pixels match a colour (0x00BBGGRR): pBits are a bottom-up bitmap of 24 or 32 bits as info tells, and
+/// vMask has a byte for each pixel, top row first. A pixel's distance is the largest difference of its three channels.
+/// Up to iTolerance the weight is 255; over the next 16 levels, or a quarter of the tolerance where that is more, it
+/// falls evenly to 0, rounded to the nearest whole level. A tolerance of 0 weighs only the exact colour. Only the part
+/// of rcArea inside the bitmap is written. False, with nothing written, for another format, a mask of another size, a
+/// negative tolerance, or an area outside the bitmap. pfnProgress, unless null, is called once. Any thread.
+bool CreateRegionFromColor(const unsigned char* pBits, BITMAPINFO& info, RECT& rcArea,
+                           std::vector<unsigned char>& vMask, unsigned long uColour, int iTolerance,
+                           void (*pfnProgress)(size_t, size_t));
+
 } // namespace Vorpix

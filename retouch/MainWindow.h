@@ -52,6 +52,8 @@ private:
                         const std::string& strCommand);
     QAction* AddSwitch(QMenu& menu, const QString& strText, const QKeySequence& key, const std::string& strOn,
                        const std::string& strOff);
+    QSpinBox* AddNumber(QToolBar& bar, const QString& strLabel, int iMost, const QString& strSuffix,
+                        const std::string& strCommand);
     void AskPixels(const QString& strQuestion, const std::string& strCommand);
     void Execute(const std::string& strCommand);
 
@@ -76,6 +78,8 @@ private:
     CChoiceGroup* m_pTools = nullptr;
     CChoiceGroup* m_pRules = nullptr;
     QSpinBox* m_pFeather = nullptr;
+    QSpinBox* m_pTolerance = nullptr;
+    bool m_bRefreshing = false; ///< The bars follow the program, not the person.
     QLabel* m_pSelectionLabel = nullptr;
     QLabel* m_pHintLabel = nullptr;
 };

@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QSpinBox>
 #include <QStatusBar>
 
@@ -19,6 +20,8 @@ QString HintFor(const std::string& strTool)
 {
     if (strTool == "hand")
         return QObject::tr("Drag to move the picture");
+    if (strTool == "wand")
+        return QObject::tr("Click a colour; the tolerance changes what was picked last");
     if (strTool == "lasso")
         return QObject::tr("Alt goes on as a polygon");
     if (strTool == "polygon")
@@ -70,6 +73,8 @@ void CMainWindow::MakeSelectMenu()
     AddCommand(*pMenu, tr("&All"), {QKeySequence(tr("Ctrl+A"))}, "select-all");
     AddCommand(*pMenu, tr("&None"), {QKeySequence(tr("Ctrl+D"))}, "select-none");
     AddCommand(*pMenu, tr("&Reselect"), {QKeySequence(tr("Ctrl+Shift+D"))}, "reselect");
+    AddCommand(*pMenu, tr("&Inverse"), {QKeySequence(tr("Ctrl+Shift+I"))}, "invert");
+    AddCommand(*pMenu, tr("&Colour Range"), {QKeySequence(tr("Ctrl+Alt+C"))}, "pick-colour");
     pMenu->addSeparator();
     pMenu->addAction(tr("&Grow..."), this, [this] { AskPixels(tr("Grow the selection by pixels:"), "grow"); });
     pMenu->addAction(tr("&Shrink..."), this, [this] { AskPixels(tr("Shrink the selection by pixels:"), "shrink"); });
@@ -129,7 +134,8 @@ void CMainWindow::MakePalette()
                                  {"rectangle", QT_TRANSLATE_NOOP("CChoiceGroup", "Rectangle"), "M"},
                                  {"ellipse", QT_TRANSLATE_NOOP("CChoiceGroup", "Ellipse"), "E"},
                                  {"lasso", QT_TRANSLATE_NOOP("CChoiceGroup", "Lasso"), "L"},
-                                 {"polygon", QT_TRANSLATE_NOOP("CChoiceGroup", "Polygon"), "P"}},
+                                 {"polygon", QT_TRANSLATE_NOOP("CChoiceGroup", "Polygon"), "P"},
+                                 {"wand", QT_TRANSLATE_NOOP("CChoiceGroup", "Magic wand"), "W"}},
                                 [this](const std::string& strCommand) { Execute(strCommand); });
 }
 
@@ -146,21 +152,30 @@ void CMainWindow::MakeOptionsBar()
                                  {"intersect", QT_TRANSLATE_NOOP("CChoiceGroup", "Intersect with selection"), "4"}},
                                 [this](const std::string& strCommand) { Execute(strCommand); });
     pBar->addSeparator();
-    auto* pLabel = new QLabel(tr(" &Feather "), pBar);
-    m_pFeather = new QSpinBox(pBar);
-    m_pFeather->setRange(0, MOST_PIXELS);
-    m_pFeather->setSuffix(tr(" px"));
+    m_pFeather = AddNumber(*pBar, tr(" &Feather "), MOST_PIXELS, tr(" px"), "feather");
     m_pFeather->setToolTip(tr("How soft the edge of new shapes is"));
-    pLabel->setBuddy(m_pFeather);
-    pBar->addWidget(pLabel);
-    pBar->addWidget(m_pFeather);
-    connect(m_pFeather, &QSpinBox::valueChanged, this,
-            [this](int iPixels)
+    m_pTolerance = AddNumber(*pBar, tr("  &Tolerance "), 255, {}, "tolerance");
+    m_pTolerance->setToolTip(tr("How far colours may differ for the magic wand and the colour range"));
+}
+
+QSpinBox* CMainWindow::AddNumber(QToolBar& bar, const QString& strLabel, int iMost, const QString& strSuffix,
+                                 const std::string& strCommand)
+{
+    auto* pLabel = new QLabel(strLabel, &bar);
+    auto* pNumber = new QSpinBox(&bar);
+    pNumber->setRange(0, iMost);
+    pNumber->setSuffix(strSuffix);
+    pLabel->setBuddy(pNumber);
+    bar.addWidget(pLabel);
+    bar.addWidget(pNumber);
+    connect(pNumber, &QSpinBox::valueChanged, this,
+            [this, strCommand](int iNumber)
             {
-                if (iPixels != m_retoucher.Feather())
-                    Execute("feather " + std::to_string(iPixels));
+                if (!m_bRefreshing)
+                    Execute(strCommand + " " + std::to_string(iNumber));
             });
-    connect(m_pFeather, &QSpinBox::editingFinished, this, [this] { m_pView->setFocus(); });
+    connect(pNumber, &QSpinBox::editingFinished, this, [this] { m_pView->setFocus(); });
+    return pNumber;
 }
 
 void CMainWindow::MakeStatusBar()
@@ -189,8 +204,11 @@ void CMainWindow::Refresh()
     m_pTint->setChecked(m_retoucher.IsTinted());
     m_pTools->Show(m_retoucher.ToolName());
     m_pRules->Show(m_retoucher.RuleName());
+    const QScopedValueRollback<bool> refreshing(m_bRefreshing, true);
     m_pFeather->setValue(m_retoucher.Feather());
-    m_pHintLabel->setText(HintFor(m_retoucher.ToolName()));
+    m_pTolerance->setValue(m_retoucher.Tolerance());
+    m_pHintLabel->setText(m_retoucher.IsPickingColour() ? tr("Click the colour in the picture")
+                                                        : HintFor(m_retoucher.ToolName()));
     const CRect rcBox = m_retoucher.SelectionBox();
     m_pSelectionLabel->setText(rcBox.IsRectEmpty() ? QString()
                                                    : tr("Selection %1 \u00D7 %2 at %3, %4")

@@ -51,6 +51,9 @@ const CRetoucher::Command CRetoucher::s_vCommands[] = {
     {"redo", Simply<[](R& r) { r.GoTo(&CHistory::Forth); }>},
     {"select-all", Simply<[](R& r) { r.SelectAll(); }>},
     {"select-none", Simply<[](R& r) { r.SelectNone(); }>},
+    {"invert", Simply<[](R& r) { r.InvertSelection(); }>},
+    {"pick-colour", Simply<[](R& r) { r.PickColour(); }>},
+    {"select-colour", [](R& r, Text& str, std::string& strError) { return r.SelectColour(str, strError); }},
     {"reselect", Simply<[](R& r) { r.Reselect(); }>},
     {"grow", [](R& r, Text& str, std::string& strError) { return r.GrowOrShrink(str, true, strError); }},
     {"shrink", [](R& r, Text& str, std::string& strError) { return r.GrowOrShrink(str, false, strError); }},
@@ -63,6 +66,7 @@ const CRetoucher::Command CRetoucher::s_vCommands[] = {
     {"no-tint", Simply<[](R& r) { r.Tint(false); }>},
     {"tool", [](R& r, Text& str, std::string& strError) { return r.ChooseTool(str, strError); }},
     {"rule", [](R& r, Text& str, std::string& strError) { return r.ChooseRule(str, strError); }},
+    {"tolerance", [](R& r, Text& str, std::string& strError) { return r.SetTolerance(str, strError); }},
     {"feather", [](R& r, Text& str, std::string& strError) { return r.SetFeather(str, strError); }},
     {"zoom-in", Simply<[](R& r) { r.m_host.Zoom().StepZoom(1, r.m_host.Zoom().ViewCentre()); }>},
     {"zoom-out", Simply<[](R& r) { r.m_host.Zoom().StepZoom(-1, r.m_host.Zoom().ViewCentre()); }>},
@@ -127,6 +131,7 @@ void CRetoucher::Show(CPhoto photo)
     const std::optional<CPhoto> old = std::exchange(m_photo, std::move(photo));
     m_original.reset();
     m_bTinted = false;
+    m_ptWand.reset();
     m_strPending.clear();
     m_lastSelection = {};
     View().ShowCoverImage(FALSE, FALSE);
@@ -140,6 +145,7 @@ void CRetoucher::PixelsChanged(const std::string& strName)
 {
     View().UpdateBitmap(m_photo->Info(), m_photo->Pixels(), TRUE);
     UpdateTint();
+    m_ptWand.reset();
     AddStep(strName);
 }
 
@@ -272,6 +278,7 @@ void CRetoucher::GoTo(const CHistory::State* (CHistory::*pStep)())
     if (!pState)
         return;
     m_strPending.clear();
+    m_ptWand.reset();
     if (m_original && !pState->pixels.IsSameAs(before))
     {
         pState->pixels.Restore({m_photo->Pixels(), m_photo->ByteCount()});

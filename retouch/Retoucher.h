@@ -41,6 +41,8 @@ public:
     const std::string& ToolName() const { return m_strTool; }
     std::string RuleName() const;
     int Feather() const { return m_selector.GetFeatherRadius(); }
+    int Tolerance() const { return m_selector.GetTorlerance(); }
+    bool IsPickingColour() const { return m_bPickingColour; }
     bool IsOutlineHidden() const { return m_bOutlineHidden; }
     bool IsOutlineStill() const { return m_bOutlineStill; }
     bool IsTinted() const { return m_bTinted; }
@@ -94,6 +96,11 @@ private:
     bool ChooseTool(const std::string& strName, std::string& strError);
     bool ChooseRule(const std::string& strName, std::string& strError);
     bool SetFeather(const std::string& strPixels, std::string& strError);
+    bool SetTolerance(const std::string& strLevels, std::string& strError);
+    void RepeatWand();
+    void InvertSelection();
+    bool SelectColour(const std::string& strPixel, std::string& strError);
+    void PickColour();
     void LoadTool();
     void HoldHand(bool bHold);
     LRESULT OnNotified(UINT uCode);
@@ -110,8 +117,10 @@ private:
     Pixtane::EmbeddedTool::RegionSelector m_selector;
     Pixtane::EmbeddedTool::ImageMover m_hand;
     std::string m_strTool = "hand";
-    std::string m_strPending; ///< What the selection's change that is under way will be called; empty for none.
-    bool m_bHandHeld = false; ///< The hand is loaded while the space bar is down.
+    std::string m_strPending;       ///< What the selection's change that is under way will be called; empty for none.
+    std::optional<CPoint> m_ptWand; ///< The bitmap pixel of the last wand, while what it made is the last step.
+    bool m_bPickingColour = false;  ///< The next click in the picture chooses a colour range.
+    bool m_bHandHeld = false;       ///< The hand is loaded while the space bar is down.
     bool m_bOutlineHidden = false;
     bool m_bOutlineStill = false;
     bool m_bTinted = false;

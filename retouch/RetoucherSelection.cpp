@@ -1,24 +1,12 @@
 #include "retouch/MaskDistance.h"
+#include "retouch/NumberOf.h"
 #include "retouch/RegionList.h"
 #include "retouch/Retoucher.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace
 {
-
-/// A number of pixels; nothing, with a message, for what is none or out of range.
-std::optional<int> PixelsOf(const std::string& strText, int iLeast, int iMost, std::string& strError)
-{
-    int iPixels = 0;
-    const auto [pEnd, error] = std::from_chars(strText.data(), strText.data() + strText.size(), iPixels);
-    if (error == std::errc() && pEnd == strText.data() + strText.size() && iPixels >= iLeast && iPixels <= iMost)
-        return iPixels;
-    strError =
-        "\"" + strText + "\" is no number of pixels from " + std::to_string(iLeast) + " to " + std::to_string(iMost);
-    return std::nullopt;
-}
 
 constexpr int MOST_PIXELS = 500;
 
@@ -46,6 +34,7 @@ void CRetoucher::SelectionChanged(const std::string& strName)
     if (!HasSelection() && !m_history.Current().vSelected.empty())
         m_lastSelection = m_history.Current();
     UpdateTint();
+    m_ptWand.reset();
     AddStep(strName);
 }
 
@@ -91,7 +80,7 @@ void CRetoucher::Reselect()
 
 bool CRetoucher::GrowOrShrink(const std::string& strPixels, bool bGrow, std::string& strError)
 {
-    const std::optional<int> iPixels = PixelsOf(strPixels, 1, MOST_PIXELS, strError);
+    const std::optional<int> iPixels = NumberOf(strPixels, 1, MOST_PIXELS, strError);
     if (!iPixels || !m_photo || !HasSelection())
         return iPixels.has_value();
     const CWaitCursor wait;
@@ -103,7 +92,7 @@ bool CRetoucher::GrowOrShrink(const std::string& strPixels, bool bGrow, std::str
 
 bool CRetoucher::FeatherSelection(const std::string& strPixels, std::string& strError)
 {
-    const std::optional<int> iPixels = PixelsOf(strPixels, 1, MOST_PIXELS, strError);
+    const std::optional<int> iPixels = NumberOf(strPixels, 1, MOST_PIXELS, strError);
     if (!iPixels || !m_photo || !HasSelection())
         return iPixels.has_value();
     const CWaitCursor wait;
@@ -114,7 +103,7 @@ bool CRetoucher::FeatherSelection(const std::string& strPixels, std::string& str
 
 bool CRetoucher::SetFeather(const std::string& strPixels, std::string& strError)
 {
-    const std::optional<int> iPixels = PixelsOf(strPixels, 0, MOST_PIXELS, strError);
+    const std::optional<int> iPixels = NumberOf(strPixels, 0, MOST_PIXELS, strError);
     if (iPixels)
         m_selector.SetFeatherRadius(*iPixels);
     return iPixels.has_value();

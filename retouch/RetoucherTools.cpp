@@ -1,7 +1,9 @@
+#include "retouch/NumberOf.h"
 #include "retouch/Retoucher.h"
 #include "view/Notifications.h"
 
 #include <algorithm>
+#include <sstream>
 
 using Pixtane::EmbeddedTool::RegionSelector;
 
@@ -9,6 +11,7 @@ namespace
 {
 
 constexpr const char* HAND = "hand";
+constexpr const char* WAND = "wand";
 
 struct Shape
 {
@@ -18,7 +21,7 @@ struct Shape
 constexpr Shape SHAPES[] = {
     {HAND, RegionSelector::SM_NONE},         {"lasso", RegionSelector::SM_LASSO},
     {"polygon", RegionSelector::SM_POLYGON}, {"rectangle", RegionSelector::SM_RECTANGLE},
-    {"ellipse", RegionSelector::SM_ELLIPSE},
+    {"ellipse", RegionSelector::SM_ELLIPSE}, {WAND, RegionSelector::SM_MAGICWAND},
 };
 
 struct Rule
@@ -76,6 +79,7 @@ void CRetoucher::LoadTool()
     if (::GetCapture() == View().m_hWnd)
         ::ReleaseCapture();
     m_bHandHeld = false;
+    m_bPickingColour = false;
     m_selector.SetSelectMode(Find(SHAPES, m_strTool)->eMode);
     if (m_strTool == HAND)
         View().LoadEmbeddedTool(m_hand);
@@ -131,6 +135,14 @@ LRESULT CRetoucher::OnNotified(UINT uCode)
         if (m_bHandHeld && ::GetKeyState(VK_SPACE) >= 0)
             LoadTool();
     }
+    if (uCode == Pixtane::PVN_LBUTTONUP && m_bPickingColour)
+    {
+        // Not at the press: the tool would be back for the release, which it would take for its own.
+        const CPoint pt = View().GetCursorPos(TRUE);
+        std::string strError; // A click beside the picture chooses nothing.
+        SelectColour(std::to_string(pt.x) + " " + std::to_string(pt.y), strError);
+        LoadTool();
+    }
     CommitSelection();
     return 0;
 }
@@ -141,6 +153,75 @@ void CRetoucher::CommitSelection()
     if (m_strPending.empty() || ::GetCapture() == View().m_hWnd)
         return;
     SelectionChanged(std::exchange(m_strPending, {}));
+    if (m_strTool == WAND)
+        m_ptWand = View().GetCursorPos(TRUE);
+}
+
+// ---- selections by colour
+
+bool CRetoucher::SetTolerance(const std::string& strLevels, std::string& strError)
+{
+    const std::optional<int> iLevels = NumberOf(strLevels, 0, 255, strError);
+    if (iLevels)
+    {
+        m_selector.SetTorlerance(*iLevels);
+        RepeatWand();
+    }
+    return iLevels.has_value();
+}
+
+void CRetoucher::RepeatWand()
+{
+    // What the wand made last is made again with the new tolerance, so that a person sees what it does.
+    if (!m_ptWand || m_strTool != WAND)
+        return;
+    CPoint pt = *m_ptWand;
+    GoTo(&CHistory::Back);
+    View().FromBitmapToWnd(pt);
+    View().SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(pt.x, pt.y));
+    View().SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(pt.x, pt.y));
+}
+
+void CRetoucher::InvertSelection()
+{
+    if (!m_photo)
+        return;
+    View().LoadEmbeddedTool(m_selector);
+    m_selector.InverseSelect();
+    LoadTool();
+}
+
+void CRetoucher::PickColour()
+{
+    LoadTool();
+    if (!m_photo)
+        return;
+    // Without a tool every click is the program's.
+    View().UnloadEmbeddedTool();
+    m_bPickingColour = true;
+}
+
+bool CRetoucher::SelectColour(const std::string& strPixel, std::string& strError)
+{
+    std::istringstream pixel(strPixel);
+    int x = -1;
+    int y = -1;
+    pixel >> x >> y;
+    if (!m_photo || x < 0 || y < 0 || x >= m_photo->Width() || y >= m_photo->Height())
+    {
+        strError = "the photo has no pixel \"" + strPixel + "\"";
+        return false;
+    }
+    const CWaitCursor wait;
+    const BYTE* const pPixel = m_photo->Row(y) + static_cast<std::ptrdiff_t>(x) * 4;
+    View().LoadEmbeddedTool(m_selector);
+    m_selector.SelectColorRange(RGB(pPixel[2], pPixel[1], pPixel[0]), m_selector.GetTorlerance());
+    LoadTool();
+    // A selection in which the colour does not occur is left without a region.
+    if (!HasSelection())
+        View().ClearSelection();
+    SelectionChanged("Select Colour");
+    return true;
 }
 
 void CRetoucher::OnKey(UINT uKey, bool bDown)

@@ -62,6 +62,22 @@ QPainterPath Ellipse()
     return path;
 }
 
+QPainterPath Wand()
+{
+    QPainterPath path;
+    path.moveTo(10, 10);
+    path.lineTo(20, 20);
+    for (const QPointF pt : {QPointF(7, 7), QPointF(14, 5), QPointF(5, 14)})
+    {
+        const double dRay = pt.x() == 7 ? 3.2 : 1.8;
+        path.moveTo(pt.x() - dRay, pt.y());
+        path.lineTo(pt.x() + dRay, pt.y());
+        path.moveTo(pt.x(), pt.y() - dRay);
+        path.lineTo(pt.x(), pt.y() + dRay);
+    }
+    return path;
+}
+
 /// Two overlapping squares, of which the part that a rule leaves is filled.
 QPainterPath Squares(bool bFirst, bool bSecond, bool bBoth)
 {
@@ -92,6 +108,7 @@ constexpr Icon ICONS[] = {
     {"polygon", &Polygon, false, false},
     {"rectangle", &Rectangle, true, false},
     {"ellipse", &Ellipse, true, false},
+    {"wand", &Wand, false, false},
     {"new", [] { return Squares(false, true, true); }, false, true},
     {"add", [] { return Squares(true, true, true); }, false, true},
     {"subtract", [] { return Squares(true, false, false); }, false, true},

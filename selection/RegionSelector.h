@@ -64,6 +64,18 @@ public:
     int SetTorlerance(int iTol);
     int GetTorlerance() const { return iTolerance; }
 
+    // ---- selections by colour, all and inverse
+
+    /// Selects the pixels that match a colour within a tolerance: of the selection, whose weights they are multiplied
+    /// with, or of the whole bitmap without one. The parent is not told.
+    void SelectColorRange(COLORREF crColor, int iColorTolerance);
+
+    /// Selects the whole bitmap. The parent is not told.
+    void SelectAll();
+
+    /// Selects what is not selected; everything when nothing is.
+    void InverseSelect();
+
     // ---- moving the selection; points are bitmap pixels
 
     int IsMovingSelection() const { return bMovingSelection; }
@@ -111,6 +123,10 @@ protected:
     /// Merges the view's scratch mask into its mask by the rule in force.
     void MergeSelectMask();
 
+    /// Fills vMask with the area of similar colour around a window point, and pBounds unless NULL with its box. 0
+    /// outside the bitmap (vMask stays), and for bitmaps of fewer than 24 bits.
+    int CreateMagicWandMask(std::vector<BYTE>& vMask, const CPoint& ptSeed, BYTE byTolerance, RECT* pBounds);
+
     /// Draws the shape that is being drawn.
     void DrawSelectingBorder(CDC& dc, CRect& rcView);
 
@@ -136,6 +152,7 @@ private:
 
     bool TakeShape(CRgn& rgnShape);
     void TakePolygon(CRgn& rgnShape);
+    bool TakeWand();
     bool RasteriseShape(const CRgn& rgnShape);
     void MergeShape(const CRgn& rgnShape);
     void NotifyApplied(bool bWasEmpty);

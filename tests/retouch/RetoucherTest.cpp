@@ -139,6 +139,41 @@ TEST_F(RetoucherTest, TheSelectionMenuGrowsShrinksAndSoftens)
     EXPECT_EQ(retoucher.Photo()->Width(), 300);
 }
 
+TEST_F(RetoucherTest, TheToleranceChangesWhatTheWandPickedLast)
+{
+    for (int x = 0; x < 300; ++x)
+    {
+        for (int y = 0; y < 200; ++y)
+            std::fill_n(retoucher.Photo()->Row(y) + 4 * x, 3, static_cast<BYTE>(x / 2));
+    }
+    Do("tool wand");
+    Do("tolerance 10");
+    user.Click(At(100, 100));
+    EXPECT_EQ(Box(), "80,0,122,200");
+    Do("tolerance 20");
+    EXPECT_EQ(Box(), "60,0,142,200");
+    Do("tolerance 5");
+    EXPECT_EQ(Box(), "90,0,112,200");
+    Do("undo");
+    EXPECT_EQ(Box(), "none") << "one step all the same";
+    Do("redo");
+    Do("tolerance 30");
+    EXPECT_EQ(Box(), "90,0,112,200") << "something else happened since";
+    Do("invert");
+    EXPECT_EQ(retoucher.History().BackName(), "Invert Selection");
+    EXPECT_EQ(Box(), "0,0,300,200");
+    Do("select-none");
+    Do("tolerance 0");
+    Do("pick-colour");
+    EXPECT_TRUE(retoucher.IsPickingColour());
+    user.Wait(600); // no double click
+    user.Click(At(50, 50));
+    EXPECT_EQ(Box(), "50,0,52,200");
+    EXPECT_FALSE(retoucher.IsPickingColour());
+    EXPECT_NE(Refusal("select-colour 300 0").find("no pixel"), std::string::npos);
+    EXPECT_NE(Refusal("tolerance 256").find("from 0 to 255"), std::string::npos);
+}
+
 TEST_F(RetoucherTest, AHiddenOutlineStaysHiddenAndSpaceIsAHand)
 {
     const auto picture = [&]

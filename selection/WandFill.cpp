@@ -1,0 +1,149 @@
+#include "selection/WandFill.h"
+
+#include "selection/MaskRuns.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace Pixtane
+{
+
+namespace
+{
+
+/// Pixels of a row from iFirst to iEnd, found from the row above or below.
+struct Run
+{
+    int y, iFirst, iEnd;
+};
+
+/// A range of each channel, as the least value and how many lie above it.
+struct ColourRange
+{
+    BYTE vLeast[3];
+    BYTE vAbove[3];
+
+    ColourRange(const BYTE* pColour, BYTE byTolerance)
+    {
+        for (int i = 0; i < 3; ++i)
+        {
+            vLeast[i] = static_cast<BYTE>(std::max(pColour[i] - byTolerance, 0));
+            vAbove[i] = static_cast<BYTE>(std::min(pColour[i] + byTolerance, 255) - vLeast[i]);
+        }
+    }
+};
+
+/// A byte for each pixel of a row, 1 where its colour is in the range.
+template<int BYTES>
+void MatchRow(BYTE* pMatches, const BYTE* pPixels, int nPixels, const ColourRange& range)
+{
+    const BYTE b = range.vLeast[0], g = range.vLeast[1], r = range.vLeast[2];
+    const BYTE bAbove = range.vAbove[0], gAbove = range.vAbove[1], rAbove = range.vAbove[2];
+    for (int i = 0; i < nPixels; ++i)
+    {
+        const BYTE* const pPixel = pPixels + static_cast<std::ptrdiff_t>(i) * BYTES;
+        pMatches[i] = (static_cast<BYTE>(pPixel[0] - b) <= bAbove) & (static_cast<BYTE>(pPixel[1] - g) <= gAbove) &
+                      (static_cast<BYTE>(pPixel[2] - r) <= rAbove);
+    }
+}
+
+/// The fill: which pixels match and are not filled yet, row by row as they are come to, and the runs to go on from.
+class CWandFill
+{
+public:
+    CWandFill(std::vector<BYTE>& vMask, const BITMAPINFOHEADER& header, const BYTE* pBits, const ColourRange& range)
+        : m_vMask(vMask), m_pBits(pBits), m_nPixelBytes(header.biBitCount / 8), m_cx(header.biWidth),
+          m_cy(header.biHeight), m_range(range), m_vOpen(vMask.size()), m_vRowKnown(static_cast<std::size_t>(m_cy))
+    {
+    }
+
+    CRect Fill(CPoint ptSeed)
+    {
+        CRect rcFilled(ptSeed.x, ptSeed.y, ptSeed.x, ptSeed.y);
+        FillBeside({ptSeed.y, ptSeed.x, ptSeed.x + 1});
+        while (!m_vRuns.empty())
+        {
+            const Run run = m_vRuns.back();
+            m_vRuns.pop_back();
+            rcFilled = CRect(std::min<int>(rcFilled.left, run.iFirst), std::min<int>(rcFilled.top, run.y),
+                             std::max<int>(rcFilled.right, run.iEnd), std::max<int>(rcFilled.bottom, run.y + 1));
+            for (const int y : {run.y - 1, run.y + 1})
+            {
+                if (y >= 0 && y < m_cy)
+                    FillBeside({y, run.iFirst, run.iEnd});
+            }
+        }
+        return rcFilled;
+    }
+
+private:
+    BYTE* OpenRow(int y)
+    {
+        BYTE* const pOpen = m_vOpen.data() + static_cast<std::size_t>(y) * m_cx;
+        if (!m_vRowKnown[static_cast<std::size_t>(y)])
+        {
+            m_vRowKnown[static_cast<std::size_t>(y)] = true;
+            const std::size_t nStride = (static_cast<std::size_t>(m_cx) * m_nPixelBytes + 3) / 4 * 4;
+            const BYTE* const pPixels = m_pBits + static_cast<std::size_t>(m_cy - 1 - y) * nStride;
+            (m_nPixelBytes == 4 ? MatchRow<4> : MatchRow<3>)(pOpen, pPixels, m_cx, m_range);
+        }
+        return pOpen;
+    }
+
+    /// Fills the runs of open pixels that touch the span, and remembers them.
+    void FillBeside(const Run& span)
+    {
+        BYTE* const pOpen = OpenRow(span.y);
+        for (int x = span.iFirst; x < span.iEnd;)
+        {
+            // Eight closed pixels at a time.
+            std::uint64_t uEight = 1;
+            if (x + 8 <= span.iEnd)
+                std::memcpy(&uEight, pOpen + x, sizeof(uEight));
+            if (uEight == 0)
+                x += 8;
+            else if (!pOpen[x])
+                ++x;
+            else
+                x = FillRun(span.y, pOpen, x);
+        }
+    }
+
+    /// Fills the whole run of open pixels around x, and gives its end.
+    int FillRun(int y, BYTE* pOpen, int x)
+    {
+        int iFirst = x;
+        while (iFirst > 0 && pOpen[iFirst - 1])
+            --iFirst;
+        const void* const pClosed = std::memchr(pOpen + x, 0, static_cast<std::size_t>(m_cx - x));
+        const int iEnd = pClosed ? static_cast<int>(static_cast<const BYTE*>(pClosed) - pOpen) : m_cx;
+        const auto nPixels = static_cast<std::size_t>(iEnd - iFirst);
+        std::memset(pOpen + iFirst, 0, nPixels);
+        std::memset(m_vMask.data() + static_cast<std::size_t>(y) * m_cx + iFirst, 255, nPixels);
+        m_vRuns.push_back({y, iFirst, iEnd});
+        return iEnd;
+    }
+
+    std::vector<BYTE>& m_vMask;
+    const BYTE* m_pBits;
+    int m_nPixelBytes;
+    int m_cx, m_cy;
+    ColourRange m_range;
+    std::vector<BYTE> m_vOpen; ///< 1 for a pixel that matches and is not filled.
+    std::vector<bool> m_vRowKnown;
+    std::vector<Run> m_vRuns;
+};
+
+} // namespace
+
+CRect FillWand(std::vector<BYTE>& vMask, const BITMAPINFOHEADER& header, const BYTE* pBits, CPoint ptSeed,
+               BYTE byTolerance)
+{
+    vMask.assign(static_cast<std::size_t>(header.biWidth) * header.biHeight, 0);
+    const std::size_t nPixelBytes = header.biBitCount / 8;
+    const std::size_t nStride = (header.biWidth * nPixelBytes + 3) / 4 * 4;
+    const BYTE* const pSeed = pBits + (header.biHeight - 1 - ptSeed.y) * nStride + ptSeed.x * nPixelBytes;
+    return CWandFill(vMask, header, pBits, ColourRange(pSeed, byTolerance)).Fill(ptSeed);
+}
+
+} // namespace Pixtane

@@ -1,0 +1,235 @@
+#include "hostlibs/Quillog.h"
+#include "platform/vorpix.h"
+#include "selection/RegionSelector.h"
+#include "support/MaskPicture.h"
+#include "support/User.h"
+
+#include <cstdlib>
+#include <random>
+
+using Pixtane::EmbeddedTool::RegionSelector;
+
+namespace
+{
+
+/// The selector with what only derived tools may call.
+class COpenSelector : public RegionSelector
+{
+public:
+    using RegionSelector::CreateMagicWandMask;
+};
+
+class ColourSelectionTest : public CViewTest
+{
+protected:
+    void SetUp() override
+    {
+        CViewTest::SetUp();
+        QLSetSink([this](const QLRecord& record) { nErrors += record.level == QL_ERROR; });
+        pView->LoadEmbeddedTool(tool);
+    }
+    void TearDown() override
+    {
+        pView->UnloadEmbeddedTool();
+        QLSetSink({});
+        CViewTest::TearDown();
+    }
+
+    void Show(CTestBitmap bitmap)
+    {
+        pView->ClearBitmap(FALSE);
+        shown = std::move(bitmap);
+        pView->SetBitmap(shown.info, shown.vBits.data());
+        strLog.clear();
+    }
+    int Width() const { return shown.info.bmiHeader.biWidth; }
+    int Height() const { return shown.info.bmiHeader.biHeight; }
+    CMaskPicture Mask() { return CMaskPicture::Of(pView->vSelectMask(), Width()); }
+    CPoint At(int x, int y)
+    {
+        CPoint pt(x, y);
+        pView->FromBitmapToWnd(pt);
+        return pt;
+    }
+
+    /// The largest difference of a channel between two pixels' colours.
+    static int Distance(std::uint32_t u1, std::uint32_t u2)
+    {
+        int iMost = 0;
+        for (const int iShift : {0, 8, 16})
+            iMost =
+                std::max(iMost, std::abs(static_cast<int>(u1 >> iShift & 255) - static_cast<int>(u2 >> iShift & 255)));
+        return iMost;
+    }
+
+    CTestBitmap shown{1, 1};
+    COpenSelector tool;
+    int nErrors = 0;
+};
+
+TEST_F(ColourSelectionTest, TheWandMatchesAFillPixelByPixel)
+{
+    std::mt19937 random(9);
+    const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+    for (int i = 0; i < 400; ++i)
+    {
+        const int cx = 1 + below(i % 8 ? 9 : 40), cy = 1 + below(9);
+        CTestBitmap bitmap(cx, cy, i % 2 ? 24 : 32);
+        for (int y = 0; y < cy; ++y)
+        {
+            for (int x = 0; x < cx; ++x)
+                bitmap.Set(x, y, static_cast<std::uint32_t>(below(3) * 0x400000 + below(2) * 0x3000 + below(2) * 0xFF));
+        }
+        Show(std::move(bitmap));
+        const CPoint ptSeed(below(cx), below(cy));
+        const int iTolerance = std::vector{0, 1, 47, 48, 64, 128, 254, 255}[static_cast<std::size_t>(below(8))];
+        std::vector<BYTE> vWanted(static_cast<std::size_t>(cx) * cy);
+        std::vector<CPoint> vPending = {ptSeed};
+        CRect rcWanted(ptSeed.x, ptSeed.y, ptSeed.x, ptSeed.y);
+        while (!vPending.empty())
+        {
+            const CPoint pt = vPending.back();
+            vPending.pop_back();
+            if (!CRect(0, 0, cx, cy).PtInRect(pt) || vWanted[static_cast<std::size_t>(pt.y * cx + pt.x)] ||
+                Distance(shown.At(pt.x, pt.y), shown.At(ptSeed.x, ptSeed.y)) > iTolerance)
+                continue;
+            vWanted[static_cast<std::size_t>(pt.y * cx + pt.x)] = 255;
+            rcWanted = CRect(std::min(rcWanted.left, pt.x), std::min(rcWanted.top, pt.y),
+                             std::max(rcWanted.right, pt.x + 1), std::max(rcWanted.bottom, pt.y + 1));
+            for (const CPoint ptStep : {CPoint(0, -1), CPoint(1, 0), CPoint(0, 1), CPoint(-1, 0)})
+                vPending.push_back(pt + ptStep);
+        }
+        std::vector<BYTE> vMask(7);
+        CRect rcBounds;
+        ASSERT_TRUE(tool.CreateMagicWandMask(vMask, At(ptSeed.x, ptSeed.y), static_cast<BYTE>(iTolerance), &rcBounds));
+        ASSERT_EQ(vMask, vWanted) << cx << " x " << cy << " tolerance " << iTolerance;
+        ASSERT_EQ(rcBounds, rcWanted);
+    }
+    std::vector<BYTE> vMask(7);
+    EXPECT_FALSE(tool.CreateMagicWandMask(vMask, {0, 0}, 255, nullptr)) << "beside the picture";
+    EXPECT_EQ(vMask.size(), 7U);
+    Show(CTestBitmap(5, 5, 16));
+    EXPECT_FALSE(tool.CreateMagicWandMask(vMask, At(2, 2), 255, nullptr));
+}
+
+TEST_F(ColourSelectionTest, AClickOfTheWandIsAShapeLikeAnyOther)
+{
+    CTestBitmap bitmap(60, 30);
+    for (int y = 0; y < 30; ++y)
+    {
+        for (int x = 0; x < 60; ++x)
+            bitmap.Set(x, y, static_cast<std::uint32_t>(x) * 0x010101);
+    }
+    Show(std::move(bitmap));
+    CUser user(*pView);
+    tool.SetSelectMode(RegionSelector::SM_MAGICWAND);
+    tool.SetTorlerance(10);
+    user.Click(At(30, 15));
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "20,0,41,30 ") << "compared with the pixel that was clicked";
+    EXPECT_NE(TakeLog().find("N100"), std::string::npos);
+    tool.SetSelectOverlapMode(RegionSelector::OM_ADD);
+    tool.SetFeatherRadius(2);
+    user.Click(At(55, 5));
+    CRect rcBox;
+    pView->rgnSelect().GetRgnBox(&rcBox);
+    EXPECT_EQ(rcBox, CRect(20, 0, 60, 30));
+    EXPECT_NE(TakeLog().find("N101"), std::string::npos);
+    user.Click({2, 2});
+    EXPECT_EQ(TakeLog().find("N101"), TakeLog().find("N104")) << "told like a shape";
+}
+
+TEST_F(ColourSelectionTest, ColourRangesAllAndInverse)
+{
+    CTestBitmap bitmap(6, 2);
+    for (int x = 0; x < 6; ++x)
+    {
+        for (int y = 0; y < 2; ++y)
+            bitmap.Set(x, y, x % 2 ? 0x102030 : 0xA0B0C0);
+    }
+    Show(std::move(bitmap));
+    tool.SelectColorRange(RGB(0x10, 0x20, 0x30), 0);
+    EXPECT_EQ(Mask(), (CMaskPicture{{".#.#.#", ".#.#.#"}}));
+    tool.InverseSelect();
+    EXPECT_EQ(Mask(), (CMaskPicture{{"#.#.#.", "#.#.#."}}));
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "0,0,1,2 2,0,3,2 4,0,5,2 ");
+    tool.InverseSelect();
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "1,0,2,2 3,0,4,2 5,0,6,2 ");
+    CRgn rgn;
+    rgn.CreateRectRgn(0, 0, 4, 1);
+    std::vector<BYTE> vHalf = CMaskPicture{{"####..", "......"}}.Mask();
+    vHalf[1] = 100;
+    pView->UpdateSelection(rgn, vHalf);
+    rgn.DeleteObject();
+    TakeLog();
+    tool.SelectColorRange(RGB(0x10, 0x20, 0x30), 5);
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "1,0,2,1 3,0,4,1 ") << "within the selection";
+    EXPECT_EQ(pView->vSelectMask()[1], 100);
+    EXPECT_EQ(nErrors, 0);
+    tool.SelectColorRange(RGB(255, 0, 0), 5);
+    EXPECT_EQ(nErrors, 1);
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "none");
+    tool.SelectColorRange(RGB(255, 0, 0), -1);
+    EXPECT_EQ(nErrors, 2);
+    EXPECT_EQ(TakeLog().find("N1"), std::string::npos) << "nobody is told";
+    tool.InverseSelect();
+    EXPECT_NE(TakeLog().find("N105"), std::string::npos);
+    EXPECT_EQ(Mask(), (CMaskPicture{{"######", "######"}}));
+    pView->ClearSelection();
+    pView->vSelectMask_Cur()[3] = 9;
+    tool.SelectAll();
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "0,0,6,2 ");
+    EXPECT_EQ(pView->vSelectMask_Cur(), std::vector<BYTE>(12));
+    pView->UnloadEmbeddedTool();
+    tool.SelectAll();
+    tool.InverseSelect();
+    tool.SelectColorRange(0, 0);
+    pView->LoadEmbeddedTool(tool);
+    pView->ClearBitmap(TRUE);
+    tool.InverseSelect();
+    tool.SelectColorRange(0, 0);
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "none");
+}
+
+TEST_F(ColourSelectionTest, WeightsOfAColourFallEvenlyBeyondTheTolerance)
+{
+    for (const int iBits : {24, 32})
+    {
+        CTestBitmap bitmap(256, 3, iBits);
+        for (int x = 0; x < 256; ++x)
+        {
+            for (int y = 0; y < 3; ++y)
+                bitmap.Set(x, y, static_cast<std::uint32_t>(x) << 8 * y | 0);
+        }
+        for (const int iTolerance : {0, 1, 40, 100, 255, 1000})
+        {
+            for (int y = 0; y < 3; ++y)
+            {
+                std::vector<BYTE> vMask(256 * 3, 7);
+                RECT rcArea = {-5, y, 255, y + 1};
+                ASSERT_TRUE(Vorpix::CreateRegionFromColor(bitmap.vBits.data(), bitmap.info, rcArea, vMask, 0,
+                                                          iTolerance, nullptr));
+                for (int x = 0; x < 256; ++x)
+                {
+                    const double dFall = iTolerance == 0 ? 1 : std::max(16, iTolerance / 4);
+                    const double dWeight = std::clamp(255 * (iTolerance + dFall - x) / dFall, 0.0, 255.0);
+                    const BYTE weight = vMask[static_cast<std::size_t>(y * 256 + x)];
+                    ASSERT_NEAR(weight, x == 255 ? 7 : dWeight, 0.5001) << iTolerance << " at " << x;
+                }
+                ASSERT_EQ(vMask[static_cast<std::size_t>((y + 1) % 3 * 256)], 7) << "only the area";
+            }
+        }
+        std::vector<BYTE> vMask(256 * 3, 7);
+        RECT rcOutside = {300, 0, 400, 2}, rcArea = {0, 0, 9, 2};
+        std::vector<BYTE> vShort(5);
+        const auto range = [&](RECT& rc, std::vector<BYTE>& v, int iTolerance)
+        { return Vorpix::CreateRegionFromColor(bitmap.vBits.data(), bitmap.info, rc, v, 0, iTolerance, nullptr); };
+        EXPECT_FALSE(range(rcOutside, vMask, 0));
+        EXPECT_FALSE(range(rcArea, vShort, 0));
+        EXPECT_FALSE(range(rcArea, vMask, -1));
+        bitmap.info.bmiHeader.biBitCount = 16;
+        EXPECT_FALSE(range(rcArea, vMask, 0));
+        EXPECT_EQ(vMask, std::vector<BYTE>(256 * 3, 7));
+    }
+}
+
+} // namespace
