@@ -81,5 +81,6 @@ void AddPaintBenchmarks(CSuite& suite);
 void AddDrawBenchmarks(CSuite& suite);
 void AddInteractionBenchmarks(CSuite& suite);
 void AddFeatherBenchmarks(CSuite& suite);
+void AddColourBenchmarks(CSuite& suite);
 void AddSelectionBenchmarks(CSuite& suite);
 void AddMemoryFigures(CSuite& suite);

@@ -71,6 +71,7 @@ int main(int argc, char** argv)
     AddInteractionBenchmarks(suite);
     AddFeatherBenchmarks(suite);
     AddSelectionBenchmarks(suite);
+    AddColourBenchmarks(suite);
     AddMemoryFigures(suite);
     const bool bHeld = suite.Run(bWrite || vArguments.empty() ? "" : vArguments[0]);
     AfxWinTerm();

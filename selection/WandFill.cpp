@@ -1,8 +1,7 @@
 #include "selection/WandFill.h"
 
-#include "selection/MaskRuns.h"
-
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 
 namespace Pixtane
@@ -33,7 +32,26 @@ struct ColourRange
     }
 };
 
-/// A byte for each pixel of a row, 1 where its colour is in the range.
+/// What a mask's byte says while the fill goes on: a pixel that matches and is not filled yet, and one that is.
+constexpr BYTE OPEN = 1;
+constexpr BYTE FILLED = 255;
+constexpr std::uint64_t EIGHT_OPEN = 0x0101010101010101;
+
+/// Whether one of eight bytes is OPEN.
+bool HasOpen(std::uint64_t uEight)
+{
+    const std::uint64_t uZeroWhereOpen = uEight ^ EIGHT_OPEN;
+    return (uZeroWhereOpen - EIGHT_OPEN) & ~uZeroWhereOpen & EIGHT_OPEN << 7;
+}
+
+std::uint64_t EightAt(const BYTE* pBytes)
+{
+    std::uint64_t uEight;
+    std::memcpy(&uEight, pBytes, sizeof(uEight));
+    return uEight;
+}
+
+/// A byte for each pixel of a row, OPEN where its colour is in the range.
 template<int BYTES>
 void MatchRow(BYTE* pMatches, const BYTE* pPixels, int nPixels, const ColourRange& range)
 {
@@ -47,13 +65,13 @@ void MatchRow(BYTE* pMatches, const BYTE* pPixels, int nPixels, const ColourRang
     }
 }
 
-/// The fill: which pixels match and are not filled yet, row by row as they are come to, and the runs to go on from.
+/// The fill: the mask's rows are looked at as they are come to, and runs to go on from wait.
 class CWandFill
 {
 public:
     CWandFill(std::vector<BYTE>& vMask, const BITMAPINFOHEADER& header, const BYTE* pBits, const ColourRange& range)
         : m_vMask(vMask), m_pBits(pBits), m_nPixelBytes(header.biBitCount / 8), m_cx(header.biWidth),
-          m_cy(header.biHeight), m_range(range), m_vOpen(vMask.size()), m_vRowKnown(static_cast<std::size_t>(m_cy))
+          m_cy(header.biHeight), m_range(range), m_vRowKnown(static_cast<std::size_t>(m_cy))
     {
     }
 
@@ -73,13 +91,16 @@ public:
                     FillBeside({y, run.iFirst, run.iEnd});
             }
         }
+        CloseRows();
         return rcFilled;
     }
 
 private:
+    BYTE* MaskRow(int y) { return m_vMask.data() + static_cast<std::size_t>(y) * m_cx; }
+
     BYTE* OpenRow(int y)
     {
-        BYTE* const pOpen = m_vOpen.data() + static_cast<std::size_t>(y) * m_cx;
+        BYTE* const pOpen = MaskRow(y);
         if (!m_vRowKnown[static_cast<std::size_t>(y)])
         {
             m_vRowKnown[static_cast<std::size_t>(y)] = true;
@@ -90,19 +111,28 @@ private:
         return pOpen;
     }
 
+    /// What matches and was not reached is not selected.
+    void CloseRows()
+    {
+        for (int y = 0; y < m_cy; ++y)
+        {
+            if (!m_vRowKnown[static_cast<std::size_t>(y)])
+                std::fill_n(MaskRow(y), m_cx, BYTE{0});
+            else
+                std::transform(MaskRow(y), MaskRow(y) + m_cx, MaskRow(y),
+                               [](BYTE byte) { return byte == FILLED ? FILLED : BYTE{0}; });
+        }
+    }
+
     /// Fills the runs of open pixels that touch the span, and remembers them.
     void FillBeside(const Run& span)
     {
         BYTE* const pOpen = OpenRow(span.y);
         for (int x = span.iFirst; x < span.iEnd;)
         {
-            // Eight closed pixels at a time.
-            std::uint64_t uEight = 1;
-            if (x + 8 <= span.iEnd)
-                std::memcpy(&uEight, pOpen + x, sizeof(uEight));
-            if (uEight == 0)
+            if (x + 8 <= span.iEnd && !HasOpen(EightAt(pOpen + x)))
                 x += 8;
-            else if (!pOpen[x])
+            else if (pOpen[x] != OPEN)
                 ++x;
             else
                 x = FillRun(span.y, pOpen, x);
@@ -113,13 +143,14 @@ private:
     int FillRun(int y, BYTE* pOpen, int x)
     {
         int iFirst = x;
-        while (iFirst > 0 && pOpen[iFirst - 1])
+        while (iFirst > 0 && pOpen[iFirst - 1] == OPEN)
             --iFirst;
-        const void* const pClosed = std::memchr(pOpen + x, 0, static_cast<std::size_t>(m_cx - x));
-        const int iEnd = pClosed ? static_cast<int>(static_cast<const BYTE*>(pClosed) - pOpen) : m_cx;
-        const auto nPixels = static_cast<std::size_t>(iEnd - iFirst);
-        std::memset(pOpen + iFirst, 0, nPixels);
-        std::memset(m_vMask.data() + static_cast<std::size_t>(y) * m_cx + iFirst, 255, nPixels);
+        int iEnd = x + 1;
+        while (iEnd + 8 <= m_cx && EightAt(pOpen + iEnd) == EIGHT_OPEN)
+            iEnd += 8;
+        while (iEnd < m_cx && pOpen[iEnd] == OPEN)
+            ++iEnd;
+        std::memset(pOpen + iFirst, FILLED, static_cast<std::size_t>(iEnd - iFirst));
         m_vRuns.push_back({y, iFirst, iEnd});
         return iEnd;
     }
@@ -129,7 +160,6 @@ private:
     int m_nPixelBytes;
     int m_cx, m_cy;
     ColourRange m_range;
-    std::vector<BYTE> m_vOpen; ///< 1 for a pixel that matches and is not filled.
     std::vector<bool> m_vRowKnown;
     std::vector<Run> m_vRuns;
 };
@@ -139,7 +169,8 @@ private:
 CRect FillWand(std::vector<BYTE>& vMask, const BITMAPINFOHEADER& header, const BYTE* pBits, CPoint ptSeed,
                BYTE byTolerance)
 {
-    vMask.assign(static_cast<std::size_t>(header.biWidth) * header.biHeight, 0);
+    // Rows that are come to are written whole, and only the others must be cleared.
+    vMask.resize(static_cast<std::size_t>(header.biWidth) * header.biHeight);
     const std::size_t nPixelBytes = header.biBitCount / 8;
     const std::size_t nStride = (header.biWidth * nPixelBytes + 3) / 4 * 4;
     const BYTE* const pSeed = pBits + (header.biHeight - 1 - ptSeed.y) * nStride + ptSeed.x * nPixelBytes;
