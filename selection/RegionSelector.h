@@ -153,6 +153,7 @@ private:
     bool TakeShape(CRgn& rgnShape);
     void TakePolygon(CRgn& rgnShape);
     bool TakeWand();
+    bool HasFeatheredShape() const;
     bool RasteriseShape(const CRgn& rgnShape);
     void MergeShape(const CRgn& rgnShape);
     void NotifyApplied(bool bWasEmpty);

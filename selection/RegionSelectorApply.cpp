@@ -145,13 +145,16 @@ bool RegionSelector::RasteriseShape(const CRgn& rgnShape)
         QLWriteLog(QL_INFO, MODULE_NAME, FUNCTION, L"Failed to create select-mask.");
         return false;
     }
-    // The region of the feathered shape would serve only to see whether there is one.
-    if (iFeatherRadius > 0 && !HasWeight(vShape))
-    {
-        QLWriteLog(QL_ERROR, MODULE_NAME, FUNCTION, L"Failed to create region after feathering.");
-        return false;
-    }
-    return true;
+    return HasFeatheredShape();
+}
+
+bool RegionSelector::HasFeatheredShape() const
+{
+    // A region of it would serve only to see whether anything is left.
+    if (iFeatherRadius <= 0 || HasWeight(pView->vSelectMask_Cur()))
+        return true;
+    QLWriteLog(QL_ERROR, MODULE_NAME, FUNCTION, L"Failed to create region after feathering.");
+    return false;
 }
 
 void RegionSelector::MergeShape(const CRgn& rgnShape)

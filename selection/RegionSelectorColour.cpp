@@ -45,7 +45,7 @@ bool RegionSelector::TakeWand()
     if (iFeatherRadius >= 1 && !Vorpix::FeatherRegion(vShape, rcBounds, iFeatherRadius, pView->iBmpWidth(),
                                                       pView->iBmpHeight(), nullptr, true))
         QLWriteLog(QL_ERROR, MODULE_NAME, L"RegionSelector::CreateSelectMask", L"Failed to call Vorpix::FeatherRegion");
-    return true;
+    return HasFeatheredShape();
 }
 
 void RegionSelector::SelectColorRange(COLORREF crColor, int iColorTolerance)

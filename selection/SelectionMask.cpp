@@ -149,6 +149,7 @@ try
 }
 catch (const std::bad_alloc&)
 {
+    std::ranges::fill(vMask, BYTE{0});
     QLWriteLog(QL_ERROR, MODULE_NAME, L"CPixtane::CreateSelectMask", L"Not enough memory.");
     return 0;
 }
