@@ -187,6 +187,30 @@ TEST_F(RealWindowTest, HoldingAKeyShowsTheOriginal)
     ASSERT_TRUE(WaitFor([&] { return shown() == changed; }));
 }
 
+TEST_F(RealWindowTest, DrawingAtTheEdgeScrollsForAsLongAsThePointerIsThere)
+{
+    Xdo({"key", "m"});
+    Xdo({"key", "ctrl+1"});
+    Widget().Zoom().ZoomAbout(8, Widget().Zoom().ViewCentre());
+    CRect rcView;
+    View().GetClientRect(&rcView);
+    PointTo(rcView.right / 2, rcView.bottom / 2);
+    const Gdiplus::Point ptStart = View().ptDispPos();
+    Xdo({"mousedown", "1"});
+    // The scrolling goes on inside the handler of one move: only what moves the pointer away, here a process of its
+    // own, ends it. The person holds it there for a moment.
+    const QPoint ptEdge = OnScreen() + QPoint(2, rcView.bottom / 2);
+    const QPoint ptInside = OnScreen() + QPoint(rcView.right / 2, rcView.bottom / 2);
+    Xdo({"mousemove", QString::number(ptEdge.x()), QString::number(ptEdge.y()), "sleep", "0.3", "mousemove",
+         QString::number(ptInside.x()), QString::number(ptInside.y()), "mouseup", "1"});
+    ASSERT_TRUE(WaitFor([&] { return View().rgnSelect().GetSafeHandle() && ::GetCapture() != View().m_hWnd; }));
+    EXPECT_LT(View().ptDispPos().X, ptStart.X);
+    CRect rcBox;
+    View().rgnSelect().GetRgnBox(&rcBox);
+    EXPECT_FALSE(rcBox.IsRectEmpty());
+    ExpectShown();
+}
+
 TEST_F(RealWindowTest, ABrokenFileGivesAMessageAndKeepsThePicture)
 {
     const BYTE* pBefore = View().pBmpData();
