@@ -38,4 +38,22 @@ bool CreateRegionFromColor(const unsigned char* pBits, BITMAPINFO& info, RECT& r
                            std::vector<unsigned char>& vMask, unsigned long uColour, int iTolerance,
                            void (*pfnProgress)(size_t, size_t));
 
+/// How Resize makes the pixels between, or of several, others.
+enum RESIZE_ALGORITHM : int
+{
+    RESIZE_SMOOTH = 1, ///< Bilinear where a side grows, the mean of the covered area where it shrinks.
+    RESIZE_SHARP = 2,  ///< Catmull-Rom, stretched over the covered area where a side shrinks.
+};
+
+/// Resizes a picture of 8 bits a pixel, rows without padding, to iWidth x iHeight: each side on its own grows, shrinks
+/// or stays. Pixels stand for their middles; beyond the border the outermost go on. The weights of a pixel are whole
+/// 16384ths that add up to one, so one colour stays that colour, and a side that stays is copied; columns come first,
+/// and each direction is rounded to whole levels, halves upwards. vOut becomes iWidth * iHeight bytes, and infoOut info
+/// with the new size. False, with nothing written, for bits that are fewer than the header tells or not of 8 bits,
+/// sizes that are not positive or whose product does not fit 31 bits, another algorithm, or when memory is short.
+/// pfnProgress, unless null, is called once. Any thread.
+bool Resize(const unsigned char* pBits, size_t nBytes, const BITMAPINFO& info, std::vector<unsigned char>& vOut,
+            BITMAPINFO& infoOut, int iWidth, int iHeight, RESIZE_ALGORITHM eAlgorithm,
+            void (*pfnProgress)(size_t, size_t));
+
 } // namespace Vorpix
