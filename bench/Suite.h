@@ -82,5 +82,6 @@ void AddDrawBenchmarks(CSuite& suite);
 void AddInteractionBenchmarks(CSuite& suite);
 void AddFeatherBenchmarks(CSuite& suite);
 void AddColourBenchmarks(CSuite& suite);
+void AddResizeBenchmarks(CSuite& suite);
 void AddSelectionBenchmarks(CSuite& suite);
 void AddMemoryFigures(CSuite& suite);

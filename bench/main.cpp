@@ -72,6 +72,7 @@ int main(int argc, char** argv)
     AddFeatherBenchmarks(suite);
     AddSelectionBenchmarks(suite);
     AddColourBenchmarks(suite);
+    AddResizeBenchmarks(suite);
     AddMemoryFigures(suite);
     const bool bHeld = suite.Run(bWrite || vArguments.empty() ? "" : vArguments[0]);
     AfxWinTerm();
