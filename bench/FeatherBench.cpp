@@ -21,10 +21,18 @@ std::shared_ptr<std::vector<BYTE>> Lumps()
     return pMask;
 }
 
-/// Feathers a copy, because it happens in place.
-Work Ours(int iRadius, std::size_t nThreads = 1)
+/// A selection in which nothing is even, so that no part of it can be passed over.
+std::shared_ptr<std::vector<BYTE>> Noise()
 {
-    const auto pSource = Lumps();
+    const auto pMask = std::make_shared<std::vector<BYTE>>(static_cast<std::size_t>(WIDTH) * HEIGHT);
+    cv::Mat image(HEIGHT, WIDTH, CV_8U, pMask->data());
+    cv::randu(image, 0, 256);
+    return pMask;
+}
+
+/// Feathers a copy, because it happens in place.
+Work Ours(int iRadius, std::size_t nThreads = 1, const std::shared_ptr<std::vector<BYTE>>& pSource = Lumps())
+{
     const auto pMask = std::make_shared<std::vector<BYTE>>(*pSource);
     return [=]
     {
@@ -81,6 +89,12 @@ void AddFeatherBenchmarks(CSuite& suite)
     cv::setNumThreads(1);
     for (const int iRadius : {5, 20, 100})
         suite.Add("Feather/r:" + std::to_string(iRadius), [=] { return Feather(iRadius); });
+    suite.Add("Feather/r:100/noise",
+              []
+              {
+                  constexpr const char* SMALL = "Feather/r:5/noise";
+                  return CComparison(Ours(100, 1, Noise())).Beside(SMALL, Ours(5, 1, Noise())).AtMost(1.2, {SMALL});
+              });
     suite.Add("Feather/r:20/two threads",
               []
               {
