@@ -108,18 +108,33 @@ int RegionSelector::UnserializeToolSettings(const std::vector<BYTE>& vData)
 
 int RegionSelector::OnUnload()
 {
+    // Region and mask must not part, and another tool must not find the mouse taken: a gesture under way comes to
+    // nothing.
+    if (bMovingSelection)
+    {
+        PutBack();
+        pView->UpdateSelectBorderMaskDC();
+    }
+    ForgetMove();
+    ForgetShape();
+    bSelecting = FALSE;
+    eSelectingMode = SM_NONE;
+    ReleaseMouse();
     pView = nullptr;
     return TRUE;
 }
 
 int RegionSelector::OnPostPaint(CDC& dc, CRect& rcView)
 {
-    DrawSelectingBorder(dc, rcView);
+    if (pView)
+        DrawSelectingBorder(dc, rcView);
     return FALSE;
 }
 
 int RegionSelector::OnSetCursor(CWnd*, UINT, UINT)
 {
+    if (!IsHosted())
+        return FALSE;
     const CPoint ptCursor = CursorInView();
     CRect rcView;
     pView->GetClientRect(&rcView);

@@ -68,10 +68,11 @@ void RegionSelector::CloseSelection()
 
 void RegionSelector::DropShape()
 {
-    arrPoints.RemoveAll();
+    ForgetShape();
     pView->Invalidate(FALSE);
     bSelecting = FALSE;
-    ::ReleaseCapture();
+    eSelectingMode = SM_NONE;
+    ReleaseMouse();
 }
 
 void RegionSelector::ApplySelection()
@@ -87,12 +88,13 @@ void RegionSelector::ApplySelection()
         MergeShape(rgnShape);
     view.UpdateScaledRegion();
     view.UpdateSelectBorderMaskDC();
+    ForgetShape();
     bSelecting = FALSE;
     eSelectingMode = SM_NONE;
-    ::ReleaseCapture();
-    if (pView == &view)
+    ReleaseMouse();
+    if (IsIn(view))
         NotifyApplied(bWasEmpty);
-    if (pView == &view)
+    if (IsIn(view))
         view.Invalidate(FALSE);
 }
 
@@ -107,8 +109,9 @@ bool RegionSelector::TakeShape(CRgn& rgnShape)
     case SM_RECTANGLE:
     case SM_ELLIPSE:
     {
+        if (!IsSet(ptStart) || !IsSet(ptEnd))
+            break; // The shape was another when the button went down.
         const CRect rcShape = ShapeBox();
-        ptStart = ptEnd = POINT_UNSET;
         if (eSelectMode == SM_RECTANGLE)
             rgnShape.CreateRectRgn(rcShape.left, rcShape.top, rcShape.right + 1, rcShape.bottom + 1);
         else
@@ -208,7 +211,7 @@ void RegionSelector::NotifyApplied(bool bWasEmpty)
     const emOverlapMode eRule = GetSelectingOverlapMode();
     if (bNowEmpty)
         view.NotifyParent(PVN_SELECTION_CLEARED, FALSE);
-    if (pView == &view && IsRule(eRule))
+    if (IsIn(view) && IsRule(eRule))
         view.NotifyParent(RULE_NOTIFICATIONS[eRule], FALSE);
 }
 

@@ -114,7 +114,7 @@ void RegionSelector::InverseSelect()
     {
         SelectAll();
     }
-    if (pView == &view)
+    if (IsIn(view))
         view.NotifyParent(PVN_SELECTION_INVERTED, FALSE);
 }
 

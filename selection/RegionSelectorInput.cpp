@@ -32,13 +32,13 @@ bool IsDrag(UINT eShape)
 int RegionSelector::OnLButtonDown(UINT, CPoint point)
 {
     const emSelectMode eShape = GetSelectingMode();
-    if (eShape != SM_NONE)
+    if (IsHosted() && eShape != SM_NONE)
     {
         const CPoint pt = ToBitmap(point);
         const bool bMoves = GetSelectingOverlapMode() == OM_NEW && IsInSelection(pt);
         if (IsDrag(eShape) && !bMoves && !bSelecting)
             StartShape(pt);
-        if (pView && bMoves && !bSelecting)
+        if (IsHosted() && bMoves && !bSelecting)
         {
             StartMovingSelection(pt);
             pView->SetCapture();
@@ -50,7 +50,9 @@ int RegionSelector::OnLButtonDown(UINT, CPoint point)
 
 void RegionSelector::StartShape(CPoint ptBmp)
 {
-    pView->SetCapture();
+    CPixtane& view = *pView;
+    view.SetCapture();
+    ForgetShape();
     bSelecting = TRUE;
     if (GetSelectingMode() == SM_LASSO)
         arrPoints.Add(ptBmp);
@@ -58,16 +60,19 @@ void RegionSelector::StartShape(CPoint ptBmp)
         ptStart = ptEnd = ptBmp;
     if (GetSelectingOverlapMode() != OM_NEW)
         return;
-    pView->ClearSelection();
-    pView->NotifyParent(PVN_SELECTION_CLEARED, FALSE);
+    view.ClearSelection();
+    view.NotifyParent(PVN_SELECTION_CLEARED, FALSE);
+    // Without a bitmap nothing would tell when the gesture ends.
+    if (IsIn(view) && !view.pBmpData())
+        DropShape();
 }
 
 int RegionSelector::OnMouseMove(UINT nFlags, CPoint point)
 {
-    if (GetSelectingMode() == SM_NONE)
+    if (!IsHosted() || GetSelectingMode() == SM_NONE)
         return FALSE;
     ScrollWhileAtEdge(*pView, point, [&](CPoint ptClient) { return bSelecting && DrawShapeTo(nFlags, ptClient); });
-    if (pView && !bSelecting && GetSelectingOverlapMode() == OM_NEW && HasSelection())
+    if (IsHosted() && !bSelecting && GetSelectingOverlapMode() == OM_NEW && HasSelection())
         MovingSelectionRegion(ToBitmap(point), TRUE);
     return FALSE;
 }
@@ -75,13 +80,14 @@ int RegionSelector::OnMouseMove(UINT nFlags, CPoint point)
 bool RegionSelector::DrawShapeTo(UINT nFlags, CPoint ptClient)
 {
     CPixtane& view = *pView;
+    const CPoint ptBmp = ToBitmap(ptClient);
     const bool bScrolled = ScrollTowardsEdge(view, ptClient);
-    if (pView != &view)
+    if (!IsIn(view) || !bSelecting)
         return false;
     if (nFlags & MK_LBUTTON)
-        FollowPointer(nFlags, ToBitmap(ptClient));
+        FollowPointer(nFlags, ptBmp);
     RefreshView(true);
-    if (pView != &view)
+    if (!IsIn(view))
         return false;
     OnSetCursor(pView, HTCLIENT, WM_MOUSEMOVE);
     return bScrolled;
@@ -104,6 +110,8 @@ void RegionSelector::FollowPointer(UINT nFlags, CPoint ptBmp)
 
 void RegionSelector::DragCorner(UINT nFlags, CPoint ptBmp)
 {
+    if (!IsSet(ptStart))
+        return; // The shape was another when the button went down.
     if (::GetKeyState(VK_SPACE) < 0)
     {
         ptStart = CPoint(ptStart) + (ptBmp - CPoint(ptEnd));
@@ -121,14 +129,14 @@ int RegionSelector::OnLButtonUp(UINT nFlags, CPoint point)
 {
     if (eSelectMode == SM_LASSO && bSelecting && ::GetKeyState(VK_MENU) < 0)
         eSelectingMode = SM_POLYGON;
-    if (GetSelectingMode() == SM_NONE)
+    if (!IsHosted() || GetSelectingMode() == SM_NONE)
         return FALSE;
     if (GetSelectingOverlapMode() == OM_NEW && point == ptDown && IsInSelection(ToBitmap(point)))
         ClearByClick();
     else if (!bMovingSelection)
         FinishShapeStep(nFlags, point);
-    if (pView && EndMovingSelection(ToBitmap(point)))
-        ::ReleaseCapture();
+    if (IsHosted() && EndMovingSelection(ToBitmap(point)))
+        ReleaseMouse();
     return FALSE;
 }
 
@@ -137,7 +145,7 @@ void RegionSelector::ClearByClick()
     CPixtane& view = *pView;
     view.ClearSelection();
     RefreshView(true);
-    if (pView == &view)
+    if (IsIn(view))
         view.NotifyParent(PVN_SELECTION_CLEARED, FALSE);
 }
 
@@ -166,7 +174,7 @@ void RegionSelector::FinishShapeStep(UINT nFlags, CPoint ptClient)
     case SM_NONE:
         break;
     }
-    if (pView)
+    if (IsHosted())
         RefreshView(true);
 }
 
@@ -179,9 +187,10 @@ void RegionSelector::StartPolygon(CPoint ptClient)
         view.ClearSelection();
         view.NotifyParent(PVN_SELECTION_CLEARED, FALSE);
     }
-    if (pView != &view)
+    if (!IsIn(view) || !view.pBmpData())
         return;
     view.SetCapture();
+    ForgetShape();
     bSelecting = TRUE;
     arrPoints.Add(ptFirst);
 }
@@ -206,7 +215,7 @@ bool RegionSelector::IsCloseToFirstVertex(CPoint ptClient) const
 
 int RegionSelector::OnLButtonDblClk(UINT, CPoint)
 {
-    if (GetSelectingMode() == SM_POLYGON && bSelecting)
+    if (IsHosted() && GetSelectingMode() == SM_POLYGON && bSelecting)
         CloseSelection();
     return FALSE;
 }
@@ -216,20 +225,23 @@ int RegionSelector::OnSysKeyUp(UINT nChar, UINT, UINT)
     if (eSelectMode != SM_LASSO || eSelectingMode != SM_POLYGON || nChar != VK_MENU)
         return FALSE;
     eSelectingMode = SM_NONE;
-    if (::GetKeyState(VK_LBUTTON) >= 0)
+    if (IsHosted() && ::GetKeyState(VK_LBUTTON) >= 0)
         CloseSelection();
     return FALSE;
 }
 
 int RegionSelector::OnKeyDown(UINT nChar, UINT, UINT nFlags)
 {
+    if (!IsHosted())
+        return FALSE;
     if (GetSelectingMode() == SM_POLYGON && bSelecting && nChar == VK_DELETE)
     {
         if (arrPoints.GetSize() > 1)
             arrPoints.RemoveAt(arrPoints.GetSize() - 1);
         pView->Invalidate(FALSE);
     }
-    if (nFlags & SCROLL_FLAG)
+    // In the middle of a move by the mouse the selection is not where a step could begin.
+    if ((nFlags & SCROLL_FLAG) || bMovingSelection)
         return FALSE;
     const int iStep = std::max(CeilingLike(1 / static_cast<float>(pView->dbZoom())), 1);
     CPoint ptOffset;
@@ -258,19 +270,32 @@ int RegionSelector::OnKeyDown(UINT nChar, UINT, UINT nFlags)
 
 int RegionSelector::OnCaptureChanged(CWnd*)
 {
-    if (bSelecting)
+    if (IsHosted() && bSelecting)
     {
         if (eSelectMode == SM_LASSO || eSelectMode == SM_POLYGON)
             CloseSelection();
         else
             ApplySelection();
     }
-    if (pView && bMovingSelection)
+    if (IsHosted() && bMovingSelection)
     {
         const CPoint ptCursor = CursorInView();
         pView->SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(ptCursor.x, ptCursor.y));
     }
     return FALSE;
+}
+
+void RegionSelector::ReleaseMouse()
+{
+    // Another window that has taken it keeps it.
+    if (::GetCapture() == pView->m_hWnd)
+        ::ReleaseCapture();
+}
+
+void RegionSelector::ForgetShape()
+{
+    arrPoints.RemoveAll();
+    ptStart = ptEnd = POINT_UNSET;
 }
 
 void RegionSelector::RefreshView(bool bAtOnce)

@@ -23,7 +23,7 @@ int Zoomed(LONG iDistance, float fZoom) { return RoundHalfAway(static_cast<float
 
 int RegionSelector::StartMovingSelection(CPoint ptBmp)
 {
-    if (!pView)
+    if (!IsHosted())
         return 0;
     CopyInto(rgnMoveOrig, pView->rgnSelect());
     CopyInto(rgnMoveOrigScaled, pView->rgnSelectScaled());
@@ -34,7 +34,7 @@ int RegionSelector::StartMovingSelection(CPoint ptBmp)
 
 int RegionSelector::MovingSelectionRegion(CPoint ptBmp, int bRedraw)
 {
-    if (!pView || !bMovingSelection)
+    if (!IsHosted() || !bMovingSelection)
         return 1;
     const CPoint ptOffset = ptBmp - ptMoveStart;
     const float fZoom = static_cast<float>(pView->dbZoom());
@@ -54,29 +54,31 @@ int RegionSelector::MovingSelectionRegion(CPoint ptBmp, int bRedraw)
 
 int RegionSelector::EndMovingSelection(CPoint ptBmp)
 {
-    if (!pView || !bMovingSelection)
+    if (!IsHosted() || !bMovingSelection)
         return 0;
     CPixtane& view = *pView;
     const CPoint ptOffset = ptBmp - ptMoveStart;
-    if (ptOffset != CPoint(0, 0))
-    {
-        if (view.rgnSelect().EqualRgn(&rgnMoveOrig))
-        {
-            view.rgnSelect().CopyRgn(&rgnMoveOrig);
-            view.rgnSelectScaled().CopyRgn(&rgnMoveOrigScaled);
-        }
-        else
-        {
-            CommitMove(ptOffset);
-        }
-        if (pView == &view)
-        {
-            view.UpdateSelectBorderMaskDC();
-            view.Invalidate(FALSE);
-        }
-    }
+    const bool bStayed = view.rgnSelect().EqualRgn(&rgnMoveOrig);
+    if (bStayed && ptOffset != CPoint(0, 0))
+        PutBack();
+    // The move is over before anybody hears of it: what a host does then may end it a second time.
     ForgetMove();
+    if (ptOffset == CPoint(0, 0))
+        return 1;
+    if (!bStayed)
+        CommitMove(ptOffset);
+    if (IsIn(view))
+    {
+        view.UpdateSelectBorderMaskDC();
+        view.Invalidate(FALSE);
+    }
     return 1;
+}
+
+void RegionSelector::PutBack()
+{
+    pView->rgnSelect().CopyRgn(&rgnMoveOrig);
+    pView->rgnSelectScaled().CopyRgn(&rgnMoveOrigScaled);
 }
 
 void RegionSelector::CommitMove(CPoint ptOffset)
@@ -98,7 +100,7 @@ void RegionSelector::CommitMove(CPoint ptOffset)
     }
     view.ClearSelection();
     RefreshView(true);
-    if (pView == &view)
+    if (IsIn(view))
         view.NotifyParent(PVN_SELECTION_CLEARED, FALSE);
 }
 

@@ -32,8 +32,11 @@ int CPixtane::UpdateSelection(const CRgn& rgn, const std::vector<BYTE>& vMask)
     }
     UpdateScaledRegion();
     UpdateSelectBorderMaskDC();
-    Invalidate(FALSE);
-    UpdateWindow();
+    if (m_hWnd)
+    {
+        Invalidate(FALSE);
+        UpdateWindow();
+    }
     return 1;
 }
 
@@ -67,7 +70,8 @@ void CPixtane::FeatherSelection(int iRadius)
     }
     UpdateScaledRegion();
     UpdateSelectBorderMaskDC();
-    Invalidate(FALSE);
+    if (m_hWnd)
+        Invalidate(FALSE);
 }
 
 int CPixtane::GetSelectRegion(CRgn& rgn) const

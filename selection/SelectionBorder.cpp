@@ -59,8 +59,11 @@ void CPixtane::ShowSelection(int bShow)
         UpdateScaledRegion();
         UpdateSelectBorderMaskDC();
     }
-    Invalidate(FALSE);
-    UpdateWindow();
+    if (m_hWnd)
+    {
+        Invalidate(FALSE);
+        UpdateWindow();
+    }
 }
 
 void CPixtane::DeleteSelectBorderMask()
@@ -158,10 +161,17 @@ void CPixtane::DrawSelectBorder(CDC& dc, unsigned int uPhase)
 {
     if (!m_rgnSelect.GetSafeHandle() || !m_bShowSelection)
         return;
-    if (m_rgnOutline.GetSafeHandle())
-        dc.FillRgn(&m_rgnOutline, &m_brPattern[uPhase]);
-    else
+    if (!m_rgnOutline.GetSafeHandle())
+    {
         DrawSelectBorderByMask(dc, uPhase);
+        return;
+    }
+    // The image may have become smaller since, while nothing was laid out.
+    CRgn rgnShown;
+    rgnShown.CreateRectRgn(-m_ptDispPos.X, -m_ptDispPos.Y, SaturatedSum(Truncate(m_szZoomed.Width), -m_ptDispPos.X),
+                           SaturatedSum(Truncate(m_szZoomed.Height), -m_ptDispPos.Y));
+    rgnShown.CombineRgn(&rgnShown, &m_rgnOutline, RGN_AND);
+    dc.FillRgn(&rgnShown, &m_brPattern[uPhase]);
 }
 
 void CPixtane::DrawSelectBorderByMask(CDC& dc, unsigned int uPhase)
@@ -196,7 +206,7 @@ bool CPixtane::IsSelectionBeingDragged() const
 
 bool CPixtane::StepSelectBorder()
 {
-    if (IsMainWindowMinimised() || !m_rgnSelect.GetSafeHandle() || IsSelectionBeingDragged())
+    if (!m_hWnd || IsMainWindowMinimised() || !m_rgnSelect.GetSafeHandle() || IsSelectionBeingDragged())
         return false;
     CClientDC dc(this);
     DrawSelectBorder(dc, m_uBorderPhase);

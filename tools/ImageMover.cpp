@@ -37,6 +37,8 @@ bool ImageMover::CanPan() const
 
 int ImageMover::OnSetCursor(CWnd*, UINT, UINT)
 {
+    if (!IsHosted())
+        return FALSE;
     CPoint ptCursor;
     ::GetCursorPos(&ptCursor);
     pView->ScreenToClient(&ptCursor);
@@ -50,7 +52,7 @@ int ImageMover::OnSetCursor(CWnd*, UINT, UINT)
 
 int ImageMover::OnLButtonDown(UINT, CPoint point)
 {
-    if (!CanPan())
+    if (!IsHosted() || !CanPan())
         return FALSE;
     CPixtane& view = *pView;
     ShowHand(CURSOR_CLOSED_HAND);
@@ -58,14 +60,14 @@ int ImageMover::OnLButtonDown(UINT, CPoint point)
     ptLast = point;
     bDragging = TRUE;
     view.NotifyParent(PVN_IMAGEMOVER_BEGIN, FALSE);
-    if (pView == &view)
+    if (IsIn(view) && bDragging)
         view.ShowSelection(FALSE);
     return FALSE;
 }
 
 int ImageMover::OnMouseMove(UINT, CPoint point)
 {
-    if (!bDragging)
+    if (!IsHosted() || !bDragging)
         return FALSE;
     CPixtane& view = *pView;
     // The display position moves against the mouse, so that the picture follows the hand.
@@ -74,8 +76,9 @@ int ImageMover::OnMouseMove(UINT, CPoint point)
     {
         const Gdiplus::Point ptPos = view.ptDispPos();
         view.SetDispPosition(SaturatedSum(ptPos.X, szMove.cx), SaturatedSum(ptPos.Y, szMove.cy));
-        if (pView == &view)
-            view.NotifyParent(PVN_IMAGEMOVER_MOVING, FALSE);
+        if (!IsIn(view) || !bDragging)
+            return FALSE; // It ended inside that.
+        view.NotifyParent(PVN_IMAGEMOVER_MOVING, FALSE);
     }
     ptLast = point;
     ShowHand(CURSOR_CLOSED_HAND);
@@ -84,7 +87,7 @@ int ImageMover::OnMouseMove(UINT, CPoint point)
 
 int ImageMover::OnLButtonUp(UINT, CPoint)
 {
-    if (!bDragging)
+    if (!IsHosted() || !bDragging)
         return FALSE;
     bDragging = FALSE; // The capture's change, which follows, then finds no drag.
     ::ReleaseCapture();
@@ -94,7 +97,7 @@ int ImageMover::OnLButtonUp(UINT, CPoint)
 
 int ImageMover::OnCaptureChanged(CWnd*)
 {
-    if (!bDragging)
+    if (!IsHosted() || !bDragging)
         return FALSE;
     bDragging = FALSE;
     EndDrag();
@@ -105,7 +108,7 @@ void ImageMover::EndDrag()
 {
     CPixtane& view = *pView;
     view.ShowSelection(TRUE);
-    if (pView == &view)
+    if (IsIn(view))
         view.NotifyParent(PVN_IMAGEMOVER_END, FALSE);
 }
 

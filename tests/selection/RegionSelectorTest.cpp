@@ -3,7 +3,9 @@
 #include "support/MaskPicture.h"
 #include "support/User.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cwchar>
 #include <random>
 
 using Pixtane::EmbeddedTool::RegionSelector;
@@ -28,7 +30,13 @@ protected:
         tool.SetSelectMode(RegionSelector::SM_RECTANGLE);
         Pump();
         strLog.clear();
-        QLSetSink([](const QLRecord&) {});
+        QLSetSink(
+            [this](const QLRecord& record)
+            {
+                for (const wchar_t* p : {static_cast<const wchar_t*>(record.strFunction), L": ",
+                                         static_cast<const wchar_t*>(record.strText), L"|"})
+                    strRecords.append(p, p + std::wcslen(p));
+            });
     }
     void TearDown() override
     {
@@ -63,7 +71,16 @@ protected:
     }
     void Select(CPoint ptFrom, CPoint ptTo) { user->Drag(At(ptFrom.x, ptFrom.y), At(ptTo.x, ptTo.y)); }
 
+    /// Region and mask say the same.
+    bool Agree()
+    {
+        CRgn rgn;
+        Pixtane::CPixtane::CreateRgnFromMask(rgn, pView->vSelectMask(), CX, CY);
+        return RectsOf(rgn) == RectsOf(pView->rgnSelect());
+    }
+
     CTestBitmap bitmap = CTestBitmap::Numbered(CX, CY);
+    std::string strRecords; ///< What was logged, without times.
     RegionSelector tool;
     std::unique_ptr<CUser> user;
 };
@@ -301,6 +318,196 @@ TEST_F(RegionSelectorTest, DragsAndArrowsMoveTheSelection)
     pView->UpdateSelection(rgn, std::vector<BYTE>(CX * CY, 255));
     user->Type(VK_RIGHT);
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "4,0,6,2 ") << "one screen pixel";
+}
+
+TEST_F(RegionSelectorTest, AMoveThatIsDisturbedKeepsRegionAndMaskTogether)
+{
+    Select({1, 1}, {3, 3});
+    pHost->answer = [](UINT uCode)
+    {
+        if (uCode == 0x106)
+            ::ReleaseCapture();
+        return 0;
+    };
+    Told();
+    Select({2, 2}, {4, 2});
+    EXPECT_EQ(Told(), "N106 ") << "ended once, although the capture went in the middle";
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "3,1,6,4 ");
+    EXPECT_TRUE(Agree());
+    pHost->answer = {};
+    user->Wait(600);
+    user->Press(At(4, 2));
+    user->Move(At(5, 2));
+    user->Type(VK_RIGHT);
+    user->Move(At(6, 3));
+    user->Release(At(6, 3));
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "5,2,8,5 ") << "arrow keys wait for the mouse";
+    EXPECT_TRUE(Agree());
+    user->Wait(600);
+    user->Press(At(6, 3));
+    user->Move(At(9, 3));
+    pView->UnloadEmbeddedTool();
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "5,2,8,5 ") << "back where it was";
+    EXPECT_TRUE(Agree());
+    EXPECT_EQ(::GetCapture(), nullptr);
+    pView->LoadEmbeddedTool(tool);
+    user->Move(At(1, 1));
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "5,2,8,5 ");
+    user->Release(At(1, 1));
+}
+
+TEST_F(RegionSelectorTest, AShapeThatIsDisturbedLeavesNothingForTheNext)
+{
+    CTestBitmap large = CTestBitmap::Numbered(200, 100);
+    const std::function<void()> vActs[] = {
+        [] { ::ReleaseCapture(); },
+        [&] { tool.SetSelectMode(RegionSelector::SM_RECTANGLE); },
+        [&] { tool.SetSelectMode(RegionSelector::SM_LASSO); },
+        [&] { pView->UnloadEmbeddedTool(); },
+        [&] { pView->ClearBitmap(TRUE); },
+    };
+    for (const auto& act : vActs)
+    {
+        for (const auto eShape : {RegionSelector::SM_LASSO, RegionSelector::SM_RECTANGLE, RegionSelector::SM_POLYGON})
+        {
+            pView->SetBitmap(large.info, large.vBits.data());
+            pView->SetZoom(8);
+            pView->SetDispPosition(400, 300);
+            pView->LoadEmbeddedTool(tool);
+            tool.SetSelectMode(eShape);
+            user->Wait(600);
+            user->Press({100, 100});
+            user->KeyDown(VK_SHIFT);
+            bool bDone = false;
+            pHost->answer = [&](UINT uCode)
+            {
+                if (uCode == 6 && !std::exchange(bDone, true))
+                    act();
+                return 0;
+            };
+            user->Move({5, 100}); // scrolls at the edge
+            pHost->answer = {};
+            user->KeyUp(VK_SHIFT);
+            user->Release({100, 100});
+            ::ReleaseCapture();
+            pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+            pView->SetZoom(8);
+            pView->LoadEmbeddedTool(tool);
+            tool.SetSelectMode(RegionSelector::SM_RECTANGLE);
+            user->Wait(600);
+            Select({1, 1}, {3, 3});
+            EXPECT_EQ(RectsOf(pView->rgnSelect()), "1,1,4,4 ");
+            pView->ClearSelection();
+            tool.SetSelectMode(RegionSelector::SM_LASSO);
+            Select({5, 5}, {6, 6});
+            EXPECT_EQ(RectsOf(pView->rgnSelect()), "none") << "two vertices, none left from before";
+        }
+    }
+}
+
+TEST_F(RegionSelectorTest, WithoutAViewOrAWindowNothingHappens)
+{
+    RegionSelector loose;
+    loose.SetSelectMode(RegionSelector::SM_RECTANGLE);
+    const auto callAll = [](RegionSelector& called)
+    {
+        called.OnLButtonDown(MK_LBUTTON, {5, 5});
+        called.OnMouseMove(MK_LBUTTON, {9, 9});
+        called.OnKeyDown(VK_LEFT, 1, 0);
+        called.OnSysKeyUp(VK_MENU, 1, 0);
+        called.OnLButtonDblClk(0, {5, 5});
+        called.OnLButtonUp(0, {9, 9});
+        called.OnSetCursor(nullptr, HTCLIENT, WM_MOUSEMOVE);
+        called.OnCaptureChanged(nullptr);
+        called.StartMovingSelection({1, 1});
+        called.EndMovingSelection({2, 2});
+        called.InverseSelect();
+    };
+    callAll(loose);
+    pHost->answer = [&](UINT uCode)
+    {
+        if (uCode == 0x104)
+            pView->DestroyWindow();
+        return 0;
+    };
+    user->Press(At(1, 1));
+    pHost->answer = {};
+    EXPECT_FALSE(::IsWindow(pView->m_hWnd));
+    callAll(tool);
+    EXPECT_EQ(::GetCapture(), nullptr);
+}
+
+TEST_F(RegionSelectorTest, RecordsSayWhatCameToNothing)
+{
+    Select({1, 1}, {3, 3});
+    strRecords.clear();
+    tool.SetSelectOverlapMode(RegionSelector::OM_SUBTRACT);
+    Select({0, 0}, {9, 7});
+    EXPECT_NE(strRecords.find("RegionSelector::ApplySelection: Failed to create region after feathering."),
+              std::string::npos);
+    tool.SetSelectOverlapMode(RegionSelector::OM_ADD);
+    tool.SetSelectMode(RegionSelector::SM_LASSO);
+    user->Press(At(2, 2));
+    user->Move(At(4, 2));
+    user->Move(At(6, 2));
+    user->Release(At(6, 2));
+    EXPECT_NE(strRecords.find("RegionSelector::ApplySelection: Failed to create select-mask."), std::string::npos);
+    CRgn rgnBack;
+    EXPECT_FALSE(pView->GetSelectRegion(rgnBack)) << "an empty region counts as none";
+    EXPECT_NE(pView->rgnSelect().GetSafeHandle(), nullptr);
+}
+
+TEST_F(RegionSelectorTest, CursorsTellShapeRuleAndWhatAClickWouldDo)
+{
+    const auto shown = [&]
+    {
+        user->Move(At(5, 5) + CPoint(1, 0));
+        user->Move(At(5, 5));
+        return ::GetCursor();
+    };
+    std::vector<HCURSOR> vSeen;
+    for (int iShape = RegionSelector::SM_LASSO; iShape <= RegionSelector::SM_MAGICWAND; ++iShape)
+    {
+        for (int iRule = RegionSelector::OM_NEW; iRule <= RegionSelector::OM_INTERSECT; ++iRule)
+        {
+            tool.SetSelectMode(static_cast<RegionSelector::emSelectMode>(iShape));
+            tool.SetSelectOverlapMode(static_cast<RegionSelector::emOverlapMode>(iRule));
+            vSeen.push_back(shown());
+        }
+    }
+    std::ranges::sort(vSeen);
+    EXPECT_EQ(std::ranges::unique(vSeen).size(), 0U) << "each has its own";
+    EXPECT_NE(vSeen.front(), nullptr);
+    tool.SetSelectMode(RegionSelector::SM_NONE);
+    tool.SetSelectOverlapMode(RegionSelector::OM_NEW);
+    EXPECT_EQ(shown(), pView->GetDefCursor());
+    tool.SetSelectMode(RegionSelector::SM_RECTANGLE);
+    const HCURSOR hRectangle = shown();
+    Select({4, 4}, {7, 7});
+    EXPECT_NE(shown(), hRectangle) << "a drag would move the selection";
+    EXPECT_EQ(std::ranges::find(vSeen, ::GetCursor()), vSeen.end());
+    pView->ClearSelection();
+    tool.SetSelectMode(RegionSelector::SM_POLYGON);
+    const HCURSOR hPolygon = shown();
+    user->Wait(600);
+    user->Click(At(5, 5));
+    user->Click(At(10, 5));
+    EXPECT_EQ(::GetCursor(), hPolygon);
+    EXPECT_NE(shown(), hPolygon) << "near the first vertex: a click closes it";
+    ::ReleaseCapture();
+}
+
+TEST_F(RegionSelectorTest, AMoveUnderWayPausesTheBorder)
+{
+    Select({2, 2}, {6, 6});
+    user->Press(At(4, 4));
+    user->Move(At(5, 4));
+    const winlite::Picture before = Screen();
+    user->Wait(1100);
+    EXPECT_EQ(Screen().vPixels, before.vPixels);
+    user->Release(At(5, 4));
+    user->Wait(600);
+    EXPECT_NE(Screen().vPixels, before.vPixels);
 }
 
 TEST_F(RegionSelectorTest, FeatheredShapesAreSoftAndLargerThanDrawn)

@@ -93,6 +93,27 @@ TEST_F(ImageMoverTest, TheOutlineIsHiddenDuringADragAndShownAfterwards)
     EXPECT_EQ(Screen().vPixels, outlined.vPixels) << "shown, although the host had hidden it";
 }
 
+TEST_F(ImageMoverTest, ADragThatEndsInsideItsBeginningIsOver)
+{
+    pHost->answer = [](UINT uCode)
+    {
+        if (uCode == 0x120)
+            ::ReleaseCapture();
+        return 0;
+    };
+    CRgn rgn;
+    rgn.CreateRectRgn(10, 10, 390, 140);
+    pView->UpdateSelection(rgn, std::vector<BYTE>(400 * 150, 255));
+    const winlite::Picture outlined = Screen();
+    user->Press({100, 100});
+    EXPECT_EQ(Told(), "N120 N122 ");
+    EXPECT_EQ(Screen().vPixels, outlined.vPixels) << "the outline is not left hidden";
+    ImageMover loose;
+    loose.OnLButtonDown(0, {1, 1});
+    loose.OnMouseMove(0, {5, 5});
+    loose.OnCaptureChanged(nullptr);
+}
+
 TEST_F(ImageMoverTest, TheHostMayTakeTheToolOrThePictureAwayInTheMiddle)
 {
     for (const UINT uCode : {0x120U, 0x121U, 0x122U, 6U})
