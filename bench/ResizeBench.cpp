@@ -65,8 +65,8 @@ CComparison Compare(double dScale, Vorpix::RESIZE_ALGORITHM algorithm, const cha
 void AddResizeBenchmarks(CSuite& suite)
 {
     using enum Vorpix::RESIZE_ALGORITHM;
-    suite.Add("MaskResize/smooth/1.5", [] { return Compare(1.5, RESIZE_SMOOTH, "OpenCV LINEAR", cv::INTER_LINEAR); });
-    suite.Add("MaskResize/smooth/0.5", [] { return Compare(0.5, RESIZE_SMOOTH, "OpenCV AREA", cv::INTER_AREA); });
-    suite.Add("MaskResize/smooth/0.37", [] { return Compare(1 / 2.7, RESIZE_SMOOTH, "OpenCV AREA", cv::INTER_AREA); });
-    suite.Add("MaskResize/sharp/1.5", [] { return Compare(1.5, RESIZE_SHARP, "OpenCV CUBIC", cv::INTER_CUBIC); });
+    suite.Add("MaskResize/smooth/1.5", [] { return Compare(1.5, RESIZE_LINEAR, "OpenCV LINEAR", cv::INTER_LINEAR); });
+    suite.Add("MaskResize/smooth/0.5", [] { return Compare(0.5, RESIZE_LINEAR, "OpenCV AREA", cv::INTER_AREA); });
+    suite.Add("MaskResize/smooth/0.37", [] { return Compare(1 / 2.7, RESIZE_LINEAR, "OpenCV AREA", cv::INTER_AREA); });
+    suite.Add("MaskResize/sharp/1.5", [] { return Compare(1.5, RESIZE_CUBIC, "OpenCV CUBIC", cv::INTER_CUBIC); });
 }

@@ -28,32 +28,43 @@ namespace Vorpix
 bool FeatherRegion(std::vector<unsigned char>& vMask, RECT& rcBox, int iRadius, int iWidth, int iHeight,
                    void (*pfnProgress)(size_t, size_t), bool bReserved);
 
-/// Weighs how well pixels match a colour (0x00BBGGRR): pBits are a bottom-up bitmap of 24 or 32 bits as info tells, and
-/// vMask has a byte for each pixel, top row first. A pixel's distance is the largest difference of its three channels.
-/// Up to iTolerance the weight is 255; over the next 16 levels, or a quarter of the tolerance where that is more, it
-/// falls evenly to 0, rounded to the nearest whole level. A tolerance of 0 weighs only the exact colour. Only the part
-/// of rcArea inside the bitmap is written. False, with nothing written, for another format, a mask of another size, a
-/// negative tolerance, or an area outside the bitmap. pfnProgress, unless null, is called once. Any thread.
+/// Weighs the pixels of an area by how close they are to a colour (0x00BBGGRR). pBits are the bottom-up rows, padded to
+/// 4 bytes, of a bitmap of 24 or 32 bits a pixel; vMask has one byte for each of its pixels, top row first, without
+/// padding. Only the part of rcArea inside the bitmap is written.
+///
+/// The distance is the largest difference of the three channels; a fourth byte is ignored. Up to the tolerance the
+/// weight is 255, from there it falls evenly to 0 over the next 16 levels or a quarter of the tolerance (rounded down),
+/// whichever is more: rounded to the nearest level, with an error of less than 1/8 level beyond that. A tolerance of 0
+/// selects exactly the colour, one of 255 or more everything.
+///
+/// False, with nothing written, without bits, for other bit counts, sizes that are not positive, a mask of another
+/// size, a negative tolerance or an area with no pixel inside the bitmap. Progress is told as by FeatherRegion. Any
+/// thread.
 bool CreateRegionFromColor(const unsigned char* pBits, BITMAPINFO& info, RECT& rcArea,
-                           std::vector<unsigned char>& vMask, unsigned long uColour, int iTolerance,
+                           std::vector<unsigned char>& vMask, unsigned long crColor, int iTolerance,
                            void (*pfnProgress)(size_t, size_t));
 
-/// How Resize makes the pixels between, or of several, others.
+/// How Resize finds a pixel between others.
 enum RESIZE_ALGORITHM : int
 {
-    RESIZE_SMOOTH = 1, ///< Bilinear where a side grows, the mean of the covered area where it shrinks.
-    RESIZE_SHARP = 2,  ///< Catmull-Rom, stretched over the covered area where a side shrinks.
+    RESIZE_LINEAR = 1, ///< Bilinear where it grows, the average of the area where it shrinks.
+    RESIZE_CUBIC = 2,  ///< Catmull-Rom, spread over the area where it shrinks. Edges are sharper and may overshoot.
 };
 
-/// Resizes a picture of 8 bits a pixel, rows without padding, to iWidth x iHeight: each side on its own grows, shrinks
-/// or stays. Pixels stand for their middles; beyond the border the outermost go on. The weights of a pixel are whole
-/// 16384ths that add up to one, so one colour stays that colour, and a side that stays is copied; columns come first,
-/// and each direction is rounded to whole levels, halves upwards. vOut becomes iWidth * iHeight bytes, and infoOut info
-/// with the new size. False, with nothing written, for bits that are fewer than the header tells or not of 8 bits,
-/// sizes that are not positive or whose product does not fit 31 bits, another algorithm, or when memory is short.
-/// pfnProgress, unless null, is called once. Any thread.
-bool Resize(const unsigned char* pBits, size_t nBytes, const BITMAPINFO& info, std::vector<unsigned char>& vOut,
-            BITMAPINFO& infoOut, int iWidth, int iHeight, RESIZE_ALGORITHM eAlgorithm,
+/// Scales an image of 8 bits a pixel, in rows without padding here and in vResult, to iWidth x iHeight pixels. The
+/// result's header is the source's with the new width, height and biSizeImage. Pixels are areas: the images' borders
+/// lie on each other, and beyond them the outermost pixels go on for ever.
+///
+/// Each direction, down the columns first, is a sum with weights in units of 1/16384 that add up to exactly 1, rounded
+/// to whole levels, halves upwards; except that halving both directions with RESIZE_LINEAR rounds the mean of each four
+/// pixels once. So an even image stays as it is, and so does any image in a direction whose size does not change.
+/// Besides the result, memory is taken for 32 rows of the source and for the weights.
+///
+/// pBits may be vResult's own bytes. False, with nothing written, without bits, for other bit counts and algorithms,
+/// sizes that are not positive, fewer than width x height bytes, a result of more than 2^31 - 1 pixels, or if memory
+/// runs out. Progress is told as by FeatherRegion. Any thread.
+bool Resize(const unsigned char* pBits, size_t nBytes, const BITMAPINFO& info, std::vector<unsigned char>& vResult,
+            BITMAPINFO& infoResult, int iWidth, int iHeight, RESIZE_ALGORITHM eAlgorithm,
             void (*pfnProgress)(size_t, size_t));
 
 } // namespace Vorpix

@@ -1,136 +1,212 @@
 #include "platform/vorpix.h"
 
-#include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <climits>
+#include <cmath>
 #include <random>
 
 namespace
 {
 
-using Mask = std::vector<unsigned char>;
-
-BITMAPINFO Header(int cx, int cy)
+struct Image
 {
-    BITMAPINFO info = {};
-    info.bmiHeader = {sizeof(BITMAPINFOHEADER), cx, cy, 1, 8, BI_RGB, static_cast<DWORD>(cx * cy), 0, 0, 0, 0};
-    return info;
-}
-
-Mask Resized(const Mask& vMask, int cx, int cy, int cxNew, int cyNew, Vorpix::RESIZE_ALGORITHM algorithm)
-{
-    Mask vOut;
-    BITMAPINFO infoOut = {};
-    EXPECT_TRUE(
-        Vorpix::Resize(vMask.data(), vMask.size(), Header(cx, cy), vOut, infoOut, cxNew, cyNew, algorithm, nullptr));
-    EXPECT_EQ(infoOut.bmiHeader.biWidth, cxNew);
-    EXPECT_EQ(infoOut.bmiHeader.biHeight, cyNew);
-    EXPECT_EQ(infoOut.bmiHeader.biSizeImage, vOut.size());
-    return vOut;
-}
-
-/// A line resized as the rule tells, in double precision.
-std::vector<double> PlainLine(const std::vector<double>& vLine, int nDest, bool bSharp)
-{
-    const auto nSource = static_cast<int>(vLine.size());
-    const double dStep = static_cast<double>(nSource) / nDest;
-    std::vector<double> vResult;
-    for (int iDest = 0; iDest < nDest; ++iDest)
+    Image(int cx, int cy, std::vector<unsigned char> vLevels = {}) : vBytes(std::move(vLevels))
     {
+        info.bmiHeader.biWidth = cx;
+        info.bmiHeader.biHeight = cy;
+        info.bmiHeader.biBitCount = 8;
+        vBytes.resize(static_cast<size_t>(cx) * cy);
+    }
+    int Width() const { return info.bmiHeader.biWidth; }
+    int Height() const { return info.bmiHeader.biHeight; }
+    bool ResizeTo(Image& result, int iWidth, int iHeight, int iAlgorithm) const
+    {
+        return Vorpix::Resize(vBytes.data(), vBytes.size(), info, result.vBytes, result.info, iWidth, iHeight,
+                              static_cast<Vorpix::RESIZE_ALGORITHM>(iAlgorithm), nullptr);
+    }
+
+    BITMAPINFO info = {};
+    std::vector<unsigned char> vBytes;
+};
+
+Image Noise(int iWidth, int iHeight)
+{
+    std::mt19937 random(iWidth * 1000 + iHeight);
+    Image image(iWidth, iHeight);
+    for (unsigned char& uByte : image.vBytes)
+        uByte = static_cast<unsigned char>(random() % 3 ? random() : random() % 2 * 255);
+    return image;
+}
+
+/// The kernel as declared: how much a source pixel counts for one of the result whose middle is dDistance away.
+double Weight(int iAlgorithm, double dDistance, double dScale)
+{
+    const double d = std::abs(dDistance) / (iAlgorithm == 1 ? 1 : std::max(dScale, 1.0));
+    if (iAlgorithm == 1 && dScale > 1)
+        return std::clamp((1 + dScale) / 2 - d, 0.0, 1.0);
+    if (iAlgorithm == 1)
+        return std::max(1 - d, 0.0);
+    return d < 1 ? 1.5 * d * d * d - 2.5 * d * d + 1 : d < 2 ? -0.5 * d * d * d + 2.5 * d * d - 4 * d + 2 : 0;
+}
+
+/// A line in full precision, its outermost pixels repeated.
+std::vector<double> SlowLine(const std::vector<double>& vLine, int nResult, int iAlgorithm)
+{
+    const int nSource = static_cast<int>(vLine.size());
+    const double dScale = static_cast<double>(nSource) / nResult;
+    const int iReach = static_cast<int>(2 * dScale) + 3;
+    std::vector<double> vResult;
+    for (int i = 0; i < nResult; ++i)
+    {
+        const double dMiddle = (i + 0.5) * dScale - 0.5;
         double dSum = 0, dWeights = 0;
-        for (int i = -300; i < nSource + 300; ++i)
+        for (int j = static_cast<int>(dMiddle) - iReach; j <= dMiddle + iReach; ++j)
         {
-            const double d = std::abs(i - ((iDest + 0.5) * dStep - 0.5)) / (bSharp ? std::max(dStep, 1.0) : 1);
-            const double dCubic = d < 1   ? 1.5 * d * d * d - 2.5 * d * d + 1
-                                  : d < 2 ? -0.5 * d * d * d + 2.5 * d * d - 4 * d + 2
-                                          : 0;
-            const double dArea =
-                std::min((iDest + 1) * dStep, i + 1.0) - std::max(iDest * dStep, static_cast<double>(i));
-            const double dWeight = nSource == nDest ? i == iDest
-                                   : bSharp         ? dCubic
-                                   : dStep > 1      ? std::max(dArea, 0.0)
-                                                    : std::max(1 - d, 0.0);
-            dSum += dWeight * vLine[static_cast<std::size_t>(std::clamp(i, 0, nSource - 1))];
+            const double dWeight = Weight(iAlgorithm, j - dMiddle, dScale);
             dWeights += dWeight;
+            dSum += dWeight * vLine[std::clamp(j, 0, nSource - 1)];
         }
         vResult.push_back(std::clamp(dSum / dWeights, 0.0, 255.0));
     }
     return vResult;
 }
 
-TEST(ResizeTest, EachSideFollowsTheRule)
+std::vector<double> SlowResize(const Image& image, int iWidth, int iHeight, int iAlgorithm)
 {
-    std::mt19937 random(4);
-    const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
-    for (int i = 0; i < 60; ++i)
+    std::vector<double> vResult(static_cast<size_t>(iWidth) * iHeight);
+    std::vector<std::vector<double>> vColumns;
+    for (int x = 0; x < image.Width(); ++x)
     {
-        const auto algorithm = i % 2 ? Vorpix::RESIZE_SHARP : Vorpix::RESIZE_SMOOTH;
-        const int cx = 1 + below(40), cy = 1 + below(40), cxNew = 1 + below(70), cyNew = 1 + below(70);
-        Mask vMask;
-        for (int j = 0; j < cx * cy; ++j)
-            vMask.push_back(static_cast<unsigned char>(random()));
-        const Mask vResized = Resized(vMask, cx, cy, cxNew, cyNew, algorithm);
-        ASSERT_EQ(vResized.size(), static_cast<std::size_t>(cxNew) * cyNew);
-        std::vector<std::vector<double>> vColumns;
-        for (int x = 0; x < cx; ++x)
-        {
-            std::vector<double> vColumn;
-            for (int y = 0; y < cy; ++y)
-                vColumn.push_back(vMask[static_cast<std::size_t>(y * cx + x)]);
-            vColumns.push_back(PlainLine(vColumn, cyNew, algorithm == Vorpix::RESIZE_SHARP));
-        }
-        for (int y = 0; y < cyNew; ++y)
-        {
-            std::vector<double> vRow;
-            for (const auto& vColumn : vColumns)
-                vRow.push_back(std::floor(vColumn[static_cast<std::size_t>(y)] + 0.5));
-            const std::vector<double> vWanted = PlainLine(vRow, cxNew, algorithm == Vorpix::RESIZE_SHARP);
-            for (int x = 0; x < cxNew; ++x)
-                ASSERT_NEAR(vResized[static_cast<std::size_t>(y * cxNew + x)], vWanted[static_cast<std::size_t>(x)], 2)
-                    << cx << "x" << cy << " to " << cxNew << "x" << cyNew << " at " << x << "," << y;
-        }
+        std::vector<double> vColumn;
+        for (int y = 0; y < image.Height(); ++y)
+            vColumn.push_back(image.vBytes[static_cast<size_t>(y) * image.Width() + x]);
+        vColumns.push_back(SlowLine(vColumn, iHeight, iAlgorithm));
     }
+    for (int y = 0; y < iHeight; ++y)
+    {
+        std::vector<double> vRow;
+        for (const auto& vColumn : vColumns)
+            vRow.push_back(vColumn[y]);
+        std::ranges::copy(SlowLine(vRow, iWidth, iAlgorithm), vResult.begin() + static_cast<ptrdiff_t>(y) * iWidth);
+    }
+    return vResult;
 }
 
-TEST(ResizeTest, OneColourStaysAndTheSameSizeIsACopy)
-{
-    for (const auto algorithm : {Vorpix::RESIZE_SMOOTH, Vorpix::RESIZE_SHARP})
-    {
-        for (const int iLevel : {0, 1, 128, 254, 255})
-        {
-            for (const int nNew : {1, 2, 5, 7, 30, 300})
-            {
-                const Mask vMask(7 * 9, static_cast<unsigned char>(iLevel));
-                EXPECT_EQ(Resized(vMask, 7, 9, nNew, 2 * nNew, algorithm),
-                          Mask(static_cast<std::size_t>(2 * nNew * nNew), static_cast<unsigned char>(iLevel)));
-            }
-        }
-        const Mask vMask = {1, 200, 3, 40, 5, 60};
-        EXPECT_EQ(Resized(vMask, 3, 2, 3, 2, algorithm), vMask);
-    }
-    EXPECT_EQ(Resized({0, 255, 255, 255, 0, 0, 255, 255}, 4, 2, 2, 1, Vorpix::RESIZE_SMOOTH), (Mask{64, 255}));
-}
-
-TEST(ResizeTest, WhatIsNotRightIsRefusedAndNothingWritten)
-{
-    const Mask vMask(12, 9);
-    Mask vOut = {5};
-    BITMAPINFO info = Header(4, 3), infoOut = Header(1, 1);
-    const auto resize = [&](const Mask& v, int cx, int cy, int iAlgorithm)
-    {
-        return Vorpix::Resize(v.empty() ? nullptr : v.data(), v.size(), info, vOut, infoOut, cx, cy,
-                              static_cast<Vorpix::RESIZE_ALGORITHM>(iAlgorithm), nullptr);
-    };
-    EXPECT_FALSE(resize(vMask, 0, 3, 1));
-    EXPECT_FALSE(resize(vMask, 3, -1, 1));
-    EXPECT_FALSE(resize(vMask, 65536, 65536, 1));
-    EXPECT_FALSE(resize(vMask, 3, 3, 3));
-    EXPECT_FALSE(resize(Mask(11, 9), 3, 3, 1));
-    EXPECT_FALSE(resize({}, 3, 3, 1));
-    info.bmiHeader.biBitCount = 24;
-    EXPECT_FALSE(resize(vMask, 3, 3, 1));
-    EXPECT_EQ(vOut, Mask{5});
-    EXPECT_EQ(infoOut.bmiHeader.biWidth, 1);
-}
+constexpr int SIZES[][4] = {{1, 1, 1, 1},     {1, 1, 40, 3},    {40, 3, 1, 1},    {3, 5, 1, 2},     {2, 2, 3, 3},
+                            {16, 16, 32, 32}, {33, 17, 50, 26}, {50, 26, 33, 17}, {64, 40, 32, 20}, {64, 40, 32, 41},
+                            {90, 70, 33, 26}, {47, 31, 47, 60}, {47, 31, 99, 31}, {200, 9, 7, 90},  {9, 200, 90, 7},
+                            {3000, 2, 2, 2},  {2, 3000, 1, 2},  {100, 51, 50, 17}};
 
 } // namespace
+
+TEST(Resize, AgreesWithTheKernelInFullPrecision)
+{
+    for (const auto& [cx, cy, cxNew, cyNew] : SIZES)
+        for (const int iAlgorithm : {1, 2})
+        {
+            const Image image = Noise(cx, cy);
+            Image result(1, 1);
+            ASSERT_TRUE(image.ResizeTo(result, cxNew, cyNew, iAlgorithm));
+            ASSERT_EQ(result.vBytes.size(), static_cast<size_t>(cxNew) * cyNew);
+            ASSERT_EQ(result.info.bmiHeader.biWidth, cxNew);
+            ASSERT_EQ(result.info.bmiHeader.biHeight, cyNew);
+            ASSERT_EQ(result.info.bmiHeader.biBitCount, 8);
+            ASSERT_EQ(result.info.bmiHeader.biSizeImage, result.vBytes.size());
+            const std::vector<double> vExpected = SlowResize(image, cxNew, cyNew, iAlgorithm);
+            // Half a level for each direction, the first of them spread by the second, and the weights' units.
+            for (size_t i = 0; i < vExpected.size(); ++i)
+                ASSERT_NEAR(result.vBytes[i], vExpected[i], 1.3)
+                    << cx << "x" << cy << " to " << cxNew << "x" << cyNew << " by " << iAlgorithm << " at " << i;
+        }
+}
+
+TEST(Resize, KeepsEvenImagesAndSizesThatStay)
+{
+    for (const auto& [cx, cy, cxNew, cyNew] : SIZES)
+        for (const int iAlgorithm : {1, 2})
+        {
+            for (const int iLevel : {0, 1, 127, 254, 255})
+            {
+                const auto uLevel = static_cast<unsigned char>(iLevel);
+                const Image even(cx, cy, std::vector<unsigned char>(static_cast<size_t>(cx) * cy, uLevel));
+                Image result(1, 1);
+                ASSERT_TRUE(even.ResizeTo(result, cxNew, cyNew, iAlgorithm));
+                ASSERT_EQ(result.vBytes, std::vector<unsigned char>(result.vBytes.size(), uLevel));
+            }
+            const Image image = Noise(cx, cy);
+            Image same(1, 1);
+            ASSERT_TRUE(image.ResizeTo(same, cx, cy, iAlgorithm));
+            ASSERT_EQ(same.vBytes, image.vBytes);
+        }
+}
+
+TEST(Resize, RoundsAsDeclared)
+{
+    using Levels = std::vector<unsigned char>;
+    const struct
+    {
+        Image source;
+        int iWidth, iHeight, iAlgorithm;
+        Levels vExpected;
+    } aCases[] = {
+        {{2, 2, {0, 1, 1, 0}}, 1, 1, 1, {1}},      // 1/2, once
+        {{2, 2, {0, 0, 1, 0}}, 1, 1, 1, {0}},      // 1/4
+        {{4, 1, {0, 1, 9, 10}}, 2, 1, 1, {1, 10}}, // halves upwards
+        {{2, 1, {0, 100}}, 4, 1, 1, {0, 25, 75, 100}},
+        {{3, 1, {0, 90, 210}}, 2, 1, 1, {30, 170}},     // a third of the middle one each
+        {{2, 1, {0, 255}}, 4, 1, 2, {0, 52, 203, 255}}, // overshoots are cut off
+        {{1, 3, {0, 255, 0}}, 1, 6, 2, {0, 58, 221, 221, 58, 0}},
+    };
+    for (const auto& test : aCases)
+    {
+        Image result(1, 1);
+        ASSERT_TRUE(test.source.ResizeTo(result, test.iWidth, test.iHeight, test.iAlgorithm));
+        EXPECT_EQ(result.vBytes, test.vExpected);
+    }
+}
+
+TEST(Resize, WorksInPlace)
+{
+    Image image = Noise(40, 30), result(1, 1);
+    ASSERT_TRUE(image.ResizeTo(result, 90, 80, 2));
+    ASSERT_TRUE(image.ResizeTo(image, 90, 80, 2));
+    EXPECT_EQ(image.vBytes, result.vBytes);
+    EXPECT_EQ(image.Width(), 90);
+}
+
+TEST(Resize, RefusesBadArgumentsAndWritesNothing)
+{
+    const struct
+    {
+        int iSourceWidth, iSourceHeight, iBitsPixel, iWidth, iHeight, iAlgorithm;
+        size_t nBytes = 16;
+        bool bBits = true;
+    } aCases[] = {
+        {4, 4, 8, 2, 2, 0},
+        {4, 4, 8, 2, 2, 3},
+        {4, 4, 24, 2, 2, 1},
+        {4, 4, 8, 0, 2, 1},
+        {4, 4, 8, 2, -2, 1},
+        {-4, -4, 8, 2, 2, 1},
+        {0, 4, 8, 2, 2, 1},
+        {4, 4, 8, 65536, 32768, 1},
+        {4, 4, 8, 2, 2, 1, 15},
+        {INT_MAX, INT_MAX, 8, 2, 2, 1},
+        {4, 4, 8, 2, 2, 1, 16, false},
+    };
+    const unsigned char aBits[16] = {};
+    for (const auto& test : aCases)
+    {
+        Image source(4, 4), result(1, 1, {77});
+        source.info.bmiHeader.biWidth = test.iSourceWidth;
+        source.info.bmiHeader.biHeight = test.iSourceHeight;
+        source.info.bmiHeader.biBitCount = static_cast<WORD>(test.iBitsPixel);
+        EXPECT_FALSE(Vorpix::Resize(test.bBits ? aBits : nullptr, test.nBytes, source.info, result.vBytes, result.info,
+                                    test.iWidth, test.iHeight, static_cast<Vorpix::RESIZE_ALGORITHM>(test.iAlgorithm),
+                                    nullptr));
+        EXPECT_EQ(result.vBytes, std::vector<unsigned char>{77});
+        EXPECT_EQ(result.Width(), 1);
+    }
+}

@@ -1,5 +1,4 @@
 #include "hostlibs/Quillog.h"
-#include "platform/vorpix.h"
 #include "selection/RegionSelector.h"
 #include "support/MaskPicture.h"
 #include "support/User.h"
@@ -197,48 +196,6 @@ TEST_F(ColourSelectionTest, ColourRangesAllAndInverse)
     tool.InverseSelect();
     tool.SelectColorRange(0, 0);
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "none");
-}
-
-TEST_F(ColourSelectionTest, WeightsOfAColourFallEvenlyBeyondTheTolerance)
-{
-    for (const int iBits : {24, 32})
-    {
-        CTestBitmap bitmap(256, 3, iBits);
-        for (int x = 0; x < 256; ++x)
-        {
-            for (int y = 0; y < 3; ++y)
-                bitmap.Set(x, y, static_cast<std::uint32_t>(x) << 8 * y | 0);
-        }
-        for (const int iTolerance : {0, 1, 40, 100, 255, 1000})
-        {
-            for (int y = 0; y < 3; ++y)
-            {
-                std::vector<BYTE> vMask(256 * 3, 7);
-                RECT rcArea = {-5, y, 255, y + 1};
-                ASSERT_TRUE(Vorpix::CreateRegionFromColor(bitmap.vBits.data(), bitmap.info, rcArea, vMask, 0,
-                                                          iTolerance, nullptr));
-                for (int x = 0; x < 256; ++x)
-                {
-                    const double dFall = iTolerance == 0 ? 1 : std::max(16, iTolerance / 4);
-                    const double dWeight = std::clamp(255 * (iTolerance + dFall - x) / dFall, 0.0, 255.0);
-                    const BYTE weight = vMask[static_cast<std::size_t>(y * 256 + x)];
-                    ASSERT_NEAR(weight, x == 255 ? 7 : dWeight, 0.5001) << iTolerance << " at " << x;
-                }
-                ASSERT_EQ(vMask[static_cast<std::size_t>((y + 1) % 3 * 256)], 7) << "only the area";
-            }
-        }
-        std::vector<BYTE> vMask(256 * 3, 7);
-        RECT rcOutside = {300, 0, 400, 2}, rcArea = {0, 0, 9, 2};
-        std::vector<BYTE> vShort(5);
-        const auto range = [&](RECT& rc, std::vector<BYTE>& v, int iTolerance)
-        { return Vorpix::CreateRegionFromColor(bitmap.vBits.data(), bitmap.info, rc, v, 0, iTolerance, nullptr); };
-        EXPECT_FALSE(range(rcOutside, vMask, 0));
-        EXPECT_FALSE(range(rcArea, vShort, 0));
-        EXPECT_FALSE(range(rcArea, vMask, -1));
-        bitmap.info.bmiHeader.biBitCount = 16;
-        EXPECT_FALSE(range(rcArea, vMask, 0));
-        EXPECT_EQ(vMask, std::vector<BYTE>(256 * 3, 7));
-    }
 }
 
 } // namespace
