@@ -143,6 +143,23 @@ TEST_F(BorderTest, WhereTheSelectionRunsOnThereIsNoBorder)
     EXPECT_EQ(rcBox, CRect(0, 80, 160, 640)) << "what lies outside the image is cut off";
 }
 
+TEST_F(BorderTest, AnImageThatShrankUnseenHasNoBorderBesideIt)
+{
+    pView->SetZoom(2);
+    Select({5, 5, 95, 75});
+    pHost->ShowWindow(SW_MINIMIZE);
+    pView->SetZoom(0.5); // nothing is laid out now
+    pHost->ShowWindow(SW_RESTORE);
+    const std::vector<std::string> vRows = Outline(0);
+    const Gdiplus::Point ptPos = pView->ptDispPos();
+    const CRect rcImage(CPoint(-ptPos.X, -ptPos.Y), CSize(50, 40));
+    for (int y = 0; y < static_cast<int>(vRows.size()); ++y)
+    {
+        for (int x = 0; x < static_cast<int>(vRows[y].size()); ++x)
+            ASSERT_TRUE(vRows[y][x] == '.' || rcImage.PtInRect(CPoint(x, y))) << x << ", " << y;
+    }
+}
+
 TEST_F(BorderTest, AnOutlineOfVeryManyRunsIsDrawnLikeOthers)
 {
     constexpr int CX = 700, CY = 500;
