@@ -30,15 +30,6 @@ UINT ShapeCursor(RegionSelector::emSelectMode eShape, RegionSelector::emOverlapM
     return bKnown ? SHAPE_CURSORS[eShape] + RULE_OFFSETS[eRule] : 0;
 }
 
-int ShowCursor(UINT uId)
-{
-    const HCURSOR hCursor = uId ? ::LoadCursor(ModuleInstance(), MAKEINTRESOURCE(uId)) : nullptr;
-    if (!hCursor)
-        return FALSE;
-    ::SetCursor(hCursor);
-    return TRUE;
-}
-
 } // namespace
 
 RegionSelector::RegionSelector()
@@ -141,10 +132,10 @@ int RegionSelector::OnSetCursor(CWnd*, UINT, UINT)
     if (!bSelecting && !rcView.PtInRect(ptCursor))
         return FALSE;
     if (GetSelectingOverlapMode() == OM_NEW && IsInSelection(ToBitmap(ptCursor)))
-        return ShowCursor(CURSOR_MOVES_SELECTION);
+        return ShowOwnCursor(CURSOR_MOVES_SELECTION);
     const bool bCloses = GetSelectingMode() == SM_POLYGON && bSelecting && arrPoints.GetSize() >= 2 &&
                          (IsCloseToFirstVertex(ptCursor) || ::GetKeyState(VK_CONTROL) < 0);
-    return ShowCursor(bCloses ? CURSOR_CLOSES_POLYGON : ShapeCursor(GetSelectingMode(), GetSelectingOverlapMode()));
+    return ShowOwnCursor(bCloses ? CURSOR_CLOSES_POLYGON : ShapeCursor(GetSelectingMode(), GetSelectingOverlapMode()));
 }
 
 CPoint RegionSelector::ToBitmap(CPoint ptClient) const
@@ -159,14 +150,6 @@ CPoint RegionSelector::ToWindow(CPoint ptBmp) const
 {
     pView->FromBitmapToWnd(ptBmp);
     return ptBmp;
-}
-
-CPoint RegionSelector::CursorInView() const
-{
-    CPoint ptCursor;
-    ::GetCursorPos(&ptCursor);
-    pView->ScreenToClient(&ptCursor);
-    return ptCursor;
 }
 
 bool RegionSelector::HasSelection() const { return pView->rgnSelect().GetSafeHandle() != nullptr; }

@@ -131,14 +131,9 @@ protected:
     void DrawSelectingBorder(CDC& dc, CRect& rcView);
 
 private:
-    /// Whether the tool is still loaded into that view, and the view still has its window.
-    bool IsIn(const CPixtane& view) const { return pView == &view && view.m_hWnd; }
-    bool IsHosted() const { return pView && IsIn(*pView); }
-    void ReleaseMouse();
     void ForgetShape();
     CPoint ToBitmap(CPoint ptClient) const;
     CPoint ToWindow(CPoint ptBmp) const;
-    CPoint CursorInView() const;
     bool IsInSelection(CPoint ptBmp) const;
     bool HasSelection() const;
     bool IsCloseToFirstVertex(CPoint ptClient) const;

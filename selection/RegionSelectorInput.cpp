@@ -81,7 +81,7 @@ bool RegionSelector::DrawShapeTo(UINT nFlags, CPoint ptClient)
 {
     CPixtane& view = *pView;
     const CPoint ptBmp = ToBitmap(ptClient);
-    const bool bScrolled = ScrollTowardsEdge(view, ptClient);
+    const bool bScrolled = ScrollBy(view, EdgeStep(view, ptClient));
     if (!IsIn(view) || !bSelecting)
         return false;
     if (nFlags & MK_LBUTTON)
@@ -283,13 +283,6 @@ int RegionSelector::OnCaptureChanged(CWnd*)
         pView->SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(ptCursor.x, ptCursor.y));
     }
     return FALSE;
-}
-
-void RegionSelector::ReleaseMouse()
-{
-    // Another window that has taken it keeps it.
-    if (::GetCapture() == pView->m_hWnd)
-        ::ReleaseCapture();
 }
 
 void RegionSelector::ForgetShape()

@@ -1,6 +1,7 @@
 #include "selection/Outline.h"
 #include "selection/RegionRects.h"
 #include "selection/RegionSelector.h"
+#include "selection/SelectionModifier.h"
 #include "view/MainWindow.h"
 #include "view/Pixtane.h"
 #include "view/Rounding.h"
@@ -198,10 +199,14 @@ void CPixtane::DrawSelectBorderByMask(CDC& dc, unsigned int uPhase)
 
 bool CPixtane::IsSelectionBeingDragged() const
 {
-    if (!m_pEmbeddedTool || std::wcscmp(m_pEmbeddedTool->GetToolName(), L"region_selector") != 0)
+    if (!m_pEmbeddedTool)
         return false;
+    const auto isNamed = [this](const wchar_t* pszName)
+    { return std::wcscmp(m_pEmbeddedTool->GetToolName(), pszName) == 0; };
     const auto* const pSelector = dynamic_cast<const EmbeddedTool::RegionSelector*>(m_pEmbeddedTool);
-    return pSelector && pSelector->IsMovingSelection();
+    const auto* const pModifier = dynamic_cast<const EmbeddedTool::SelectionModifier*>(m_pEmbeddedTool);
+    return (pSelector && isNamed(L"region_selector") && pSelector->IsMovingSelection()) ||
+           (pModifier && isNamed(L"selection_modifier") && pModifier->IsMouseDragging());
 }
 
 bool CPixtane::StepSelectBorder()

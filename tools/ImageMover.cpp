@@ -15,8 +15,6 @@ namespace
 constexpr UINT CURSOR_OPEN_HAND = 3028;
 constexpr UINT CURSOR_CLOSED_HAND = 3029;
 
-void ShowHand(UINT uId) { ::SetCursor(::LoadCursor(ModuleInstance(), MAKEINTRESOURCE(uId))); }
-
 } // namespace
 
 ImageMover::ImageMover() { std::wcscpy(szToolName, L"image_mover"); }
@@ -39,14 +37,12 @@ int ImageMover::OnSetCursor(CWnd*, UINT, UINT)
 {
     if (!IsHosted())
         return FALSE;
-    CPoint ptCursor;
-    ::GetCursorPos(&ptCursor);
-    pView->ScreenToClient(&ptCursor);
+    const CPoint ptCursor = CursorInView();
     CRect rcView;
     pView->GetClientRect(&rcView);
     if ((!rcView.PtInRect(ptCursor) && !bDragging) || !CanPan())
         return FALSE;
-    ShowHand(bDragging ? CURSOR_CLOSED_HAND : CURSOR_OPEN_HAND);
+    ShowOwnCursor(bDragging ? CURSOR_CLOSED_HAND : CURSOR_OPEN_HAND);
     return TRUE;
 }
 
@@ -55,7 +51,7 @@ int ImageMover::OnLButtonDown(UINT, CPoint point)
     if (!IsHosted() || !CanPan())
         return FALSE;
     CPixtane& view = *pView;
-    ShowHand(CURSOR_CLOSED_HAND);
+    ShowOwnCursor(CURSOR_CLOSED_HAND);
     view.SetCapture();
     ptLast = point;
     bDragging = TRUE;
@@ -81,7 +77,7 @@ int ImageMover::OnMouseMove(UINT, CPoint point)
         view.NotifyParent(PVN_IMAGEMOVER_MOVING, FALSE);
     }
     ptLast = point;
-    ShowHand(CURSOR_CLOSED_HAND);
+    ShowOwnCursor(CURSOR_CLOSED_HAND);
     return FALSE;
 }
 
@@ -90,7 +86,7 @@ int ImageMover::OnLButtonUp(UINT, CPoint)
     if (!IsHosted() || !bDragging)
         return FALSE;
     bDragging = FALSE; // The capture's change, which follows, then finds no drag.
-    ::ReleaseCapture();
+    ReleaseMouse();
     EndDrag();
     return FALSE;
 }

@@ -33,8 +33,6 @@ public:
     int OnCaptureChanged(CWnd* pWnd) override;
 
 private:
-    bool IsIn(const CPixtane& view) const { return pView == &view && view.m_hWnd; }
-    bool IsHosted() const { return pView && IsIn(*pView); }
     bool CanPan() const;
     void EndDrag();
 

@@ -12,21 +12,26 @@ namespace
 
 constexpr int EDGE = 20;
 
+/// In a view narrower than both edges the right (or lower) one decides.
 int StepAt(int iPoint, int iView)
 {
-    const long long llPoint = iPoint;
-    if (iPoint < EDGE)
-        return static_cast<int>(-std::min<long long>(EDGE - llPoint, EDGE));
-    return static_cast<int>(std::clamp<long long>(llPoint - (static_cast<long long>(iView) - EDGE), 0, EDGE));
+    const long long llBeforeEnd = static_cast<long long>(iView) - EDGE;
+    if (iPoint > llBeforeEnd)
+        return static_cast<int>(std::min<long long>(iPoint - llBeforeEnd, EDGE));
+    return static_cast<int>(std::clamp<long long>(static_cast<long long>(iPoint) - EDGE, -EDGE, 0));
 }
 
 } // namespace
 
-bool ScrollTowardsEdge(CPixtane& view, CPoint ptClient)
+CSize EdgeStep(CPixtane& view, CPoint ptClient)
 {
     CRect rcView;
     view.GetClientRect(&rcView);
-    const CSize szStep(StepAt(ptClient.x, rcView.Width()), StepAt(ptClient.y, rcView.Height()));
+    return {StepAt(ptClient.x, rcView.Width()), StepAt(ptClient.y, rcView.Height())};
+}
+
+bool ScrollBy(CPixtane& view, CSize szStep)
+{
     if (szStep == CSize(0, 0))
         return false; // The view would only repaint.
     const Gdiplus::Point ptBefore = view.ptDispPos();

@@ -22,4 +22,18 @@ void CPixtane::IEmbeddedTool::Reset() {}
 void CPixtane::IEmbeddedTool::OnZoomChanged() {}
 void CPixtane::IEmbeddedTool::OnDispPosChanged() {}
 
+CPoint CPixtane::IEmbeddedTool::CursorInView() const
+{
+    CPoint ptCursor;
+    ::GetCursorPos(&ptCursor);
+    pView->ScreenToClient(&ptCursor);
+    return ptCursor;
+}
+
+void CPixtane::IEmbeddedTool::ReleaseMouse()
+{
+    if (::GetCapture() == pView->m_hWnd)
+        ::ReleaseCapture();
+}
+
 } // namespace Pixtane

@@ -71,6 +71,17 @@ public:
     virtual void OnDispPosChanged();
 
 protected:
+    /// Whether the tool is still loaded into that view, and the view still has its window: everything outside that is
+    /// told something may have changed that.
+    bool IsIn(const CPixtane& view) const { return pView == &view && view.m_hWnd; }
+    bool IsHosted() const { return pView && IsIn(*pView); }
+
+    /// The pointer in window coordinates of the view. Hosted tools only, as the next.
+    CPoint CursorInView() const;
+
+    /// Gives the mouse capture up; another window that has taken it keeps it.
+    void ReleaseMouse();
+
     wchar_t szToolName[MAX_TOOLNAME];
     CPixtane* pView = nullptr; ///< The view it is loaded into.
     UINT uSettingsVersion = 1; ///< Version of the settings this tool writes, and the newest it reads.

@@ -44,6 +44,15 @@ namespace Pixtane
 {
 
 HINSTANCE ModuleInstance() { return s_hInstance; }
+int ShowOwnCursor(UINT uId)
+{
+    const HCURSOR hCursor = ::LoadCursor(s_hInstance, MAKEINTRESOURCE(uId));
+    if (!hCursor)
+        return FALSE;
+    ::SetCursor(hCursor);
+    return TRUE;
+}
+
 int VerticalBarWidth() { return s_cxVerticalBar; }
 int HorizontalBarHeight() { return s_cyHorizontalBar; }
 

@@ -1,0 +1,306 @@
+#include "selection/SelectionModifier.h"
+#include "view/EdgeScroll.h"
+#include "view/Module.h"
+#include "view/Notifications.h"
+#include "view/Rounding.h"
+
+#include <algorithm>
+#include <span>
+
+namespace Pixtane::EmbeddedTool
+{
+
+namespace
+{
+
+/// Places in rcHandle and rcHandleHit.
+enum emHandle : std::size_t
+{
+    LEFT_TOP,
+    LEFT_BOTTOM,
+    RIGHT_TOP,
+    RIGHT_BOTTOM,
+    LEFT,
+    TOP,
+    RIGHT,
+    BOTTOM,
+};
+
+constexpr int HANDLE_REACH = 3; ///< Of the square that is drawn, from its middle.
+constexpr int HIT_REACH = 10;   ///< Of what reacts to the mouse.
+
+/// What a drag by a handle moves and tells; iDragMode is the place in the table and one more.
+struct DragMode
+{
+    emHandle eHandle;
+    bool bLeft, bTop, bRight, bBottom;
+    UINT uCode;
+};
+constexpr DragMode HANDLE_MODES[] = {
+    {LEFT_TOP, true, true, false, false, PVN_SELMOD_RECT},     {RIGHT_TOP, false, true, true, false, PVN_SELMOD_RECT},
+    {RIGHT_BOTTOM, false, false, true, true, PVN_SELMOD_SIZE}, {LEFT_BOTTOM, true, false, false, true, PVN_SELMOD_RECT},
+    {LEFT, true, false, false, false, PVN_SELMOD_LEFT},        {TOP, false, true, false, false, PVN_SELMOD_TOP},
+    {RIGHT, false, false, true, false, PVN_SELMOD_RIGHT},      {BOTTOM, false, false, false, true, PVN_SELMOD_BOTTOM},
+};
+
+constexpr UINT CURSOR_MOVE = 3030;
+struct HandleCursor
+{
+    emHandle eHandle;
+    UINT uId;
+};
+constexpr HandleCursor HANDLE_CURSORS[] = {
+    {LEFT_TOP, 3036}, {RIGHT_BOTTOM, 3036}, {RIGHT_TOP, 3037}, {LEFT_BOTTOM, 3037},
+    {LEFT, 3034},     {RIGHT, 3034},        {TOP, 3035},       {BOTTOM, 3035},
+};
+
+CRect Around(int x, int y, int iReach) { return {x - iReach, y - iReach, x + iReach, y + iReach}; }
+
+/// How far a side may be moved towards where the pointer went.
+int LimitedMove(int iMove, LONG iLow, LONG iHigh, LONG iLimitLow, LONG iLimitHigh)
+{
+    return iMove >= 0 ? std::min(iMove, SaturatedSum(iLimitHigh, -static_cast<long long>(iHigh)))
+                      : std::max(iMove, SaturatedSum(iLimitLow, -static_cast<long long>(iLow)));
+}
+
+// An edge that follows the pointer to the image's border; the least size counts for more than that.
+LONG LowEdge(LONG iPoint, LONG iLimit, LONG iHigh, int iLeast)
+{
+    return std::min<LONG>(std::max(iPoint, iLimit), SaturatedSum(iHigh, -iLeast));
+}
+LONG HighEdge(LONG iPoint, LONG iLimit, LONG iLow, int iLeast)
+{
+    return std::max<LONG>(std::min(iPoint + 1, iLimit), SaturatedSum(iLow, iLeast));
+}
+
+int TruncateWide(double dValue) { return static_cast<int>(std::clamp(dValue, -2147483648.0, 2147483647.0)); }
+
+} // namespace
+
+// ---- where things are
+
+void SelectionModifier::UpdateDispData(BOOL bFromRegion)
+{
+    if (bFromRegion && pView)
+    {
+        rcDisplay.SetRectEmpty();
+        pView->rgnSelectScaled().GetRgnBox(&rcDisplay);
+        rcDisplay.OffsetRect(-pView->ptDispPos().X, -pView->ptDispPos().Y);
+    }
+    UpdateAdjustData();
+}
+
+void SelectionModifier::UpdateAdjustData()
+{
+    const auto [L, T, R, B] = static_cast<RECT>(rcDisplay);
+    const int mx = L + (R - L) / 2;
+    const int my = T + (B - T) / 2;
+    const CPoint vPlaces[] = {{L, T}, {L, B}, {R, T}, {R, B}, {L, my}, {mx, T}, {R, my}, {mx, B}};
+    for (std::size_t i = 0; i < std::size(vPlaces); ++i)
+    {
+        rcHandle[i] = Around(vPlaces[i].x, vPlaces[i].y, HANDLE_REACH);
+        rcHandleHit[i] = Around(vPlaces[i].x, vPlaces[i].y, HIT_REACH);
+    }
+    // The sides are sensitive wherever the corners are not.
+    for (const emHandle eSide : {LEFT, RIGHT})
+    {
+        rcHandleHit[eSide].top = T + HIT_REACH;
+        rcHandleHit[eSide].bottom = B - HIT_REACH;
+    }
+    for (const emHandle eSide : {TOP, BOTTOM})
+    {
+        rcHandleHit[eSide].left = L + HIT_REACH;
+        rcHandleHit[eSide].right = R - HIT_REACH;
+    }
+}
+
+void SelectionModifier::DisplayToImageRect(CRect& rc)
+{
+    if (!pView)
+        return;
+    POINT ptLow = {rc.left, rc.top};
+    POINT ptHigh = {rc.right, rc.bottom};
+    pView->FromWndToBitmap(ptLow);
+    pView->FromWndToBitmap(ptHigh);
+    rc = {std::max<LONG>(ptLow.x, 0), std::max<LONG>(ptLow.y, 0), std::min<LONG>(ptHigh.x, pView->iBmpWidth()),
+          std::min<LONG>(ptHigh.y, pView->iBmpHeight())};
+}
+
+CRect SelectionModifier::DraggedRect()
+{
+    CRect rc = rcDisplay;
+    DisplayToImageRect(rc);
+    if (iDragMode == 0)
+    {
+        rc.right = rc.left + rcImage.Width();
+        rc.bottom = rc.top + rcImage.Height();
+    }
+    return rc;
+}
+
+CRect SelectionModifier::ZoomedImageRect() const
+{
+    constexpr double NEARLY_ONE = 0.9999999f;
+    const auto low = [dbZoom = pView->dbZoom()](LONG iEdge)
+    {
+        const double dEdge = iEdge * dbZoom;
+        return TruncateWide(dEdge > 0 ? dEdge + NEARLY_ONE : dEdge);
+    };
+    const auto high = [dbZoom = pView->dbZoom()](LONG iEdge)
+    {
+        const double dEdge = iEdge * dbZoom;
+        return TruncateWide(dEdge >= 0 ? dEdge : dEdge - NEARLY_ONE);
+    };
+    const Gdiplus::Point ptPos = pView->ptDispPos();
+    return {SaturatedSum(low(rcImage.left), -ptPos.X), SaturatedSum(low(rcImage.top), -ptPos.Y),
+            SaturatedSum(high(rcImage.right), -ptPos.X), SaturatedSum(high(rcImage.bottom), -ptPos.Y)};
+}
+
+void SelectionModifier::OnZoomChanged()
+{
+    if (!ShowsItsBitmap())
+        return;
+    UpdateDispData(TRUE);
+    pView->Invalidate(FALSE);
+}
+
+void SelectionModifier::OnDispPosChanged()
+{
+    // During a drag its step keeps the frame.
+    if (!bDragging)
+        OnZoomChanged();
+}
+
+// ---- the mouse
+
+int SelectionModifier::OnSetCursor(CWnd*, UINT, UINT)
+{
+    if (!IsHosted())
+        return TRUE;
+    const CPoint ptCursor = CursorInView();
+    const auto it = std::ranges::find_if(HANDLE_CURSORS, [&](const HandleCursor& cursor)
+                                         { return rcHandleHit[cursor.eHandle].PtInRect(ptCursor); });
+    ShowOwnCursor(it == std::end(HANDLE_CURSORS) ? CURSOR_MOVE : it->uId);
+    return TRUE;
+}
+
+int SelectionModifier::OnLButtonDown(UINT, CPoint point)
+{
+    if (!ShowsItsBitmap())
+        return FALSE;
+    const auto it = std::ranges::find_if(HANDLE_MODES, [&](const DragMode& mode)
+                                         { return rcHandleHit[mode.eHandle].PtInRect(point); });
+    iDragMode = it == std::end(HANDLE_MODES) ? 0 : static_cast<int>(it - HANDLE_MODES) + 1;
+    bDragging = TRUE;
+    ptDragStart = point;
+    rcDragStart = rcDisplay;
+    pView->SetCapture();
+    return FALSE;
+}
+
+int SelectionModifier::OnMouseMove(UINT, CPoint point)
+{
+    if (IsHosted() && bDragging)
+        ScrollWhileAtEdge(*pView, point, [this](CPoint ptClient) { return DragTo(ptClient); });
+    return FALSE;
+}
+
+bool SelectionModifier::DragTo(CPoint point)
+{
+    if (!ShowsItsBitmap())
+        return false;
+    CPixtane& view = *pView;
+    const Gdiplus::Point ptBefore = view.ptDispPos();
+    const Gdiplus::SizeF szZoomed = view.ZoomedSize();
+    const CSize szStep = EdgeStep(view, point);
+    const bool bScrolled = ScrollBy(view, szStep);
+    if (!IsIn(view) || !bDragging)
+        return false; // It ended inside that.
+    if (bScrolled)
+        rcDisplay.OffsetRect(-szStep.cx, -szStep.cy);
+    // Right and bottom are those from before the scroll.
+    const CRect rcLimits(-view.ptDispPos().X, -view.ptDispPos().Y,
+                         SaturatedSum(CeilingLike(szZoomed.Width), -static_cast<long long>(ptBefore.X)),
+                         SaturatedSum(CeilingLike(szZoomed.Height), -static_cast<long long>(ptBefore.Y)));
+    if (iDragMode == 0)
+        MoveWithin(rcLimits, point);
+    else
+        ResizeWithin(rcLimits, point);
+    UpdateAdjustData();
+    view.Invalidate(FALSE);
+    view.UpdateWindow();
+    view.NotifyParent(iDragMode == 0 ? PVN_SELMOD_RECT : HANDLE_MODES[iDragMode - 1].uCode, FALSE);
+    return bScrolled && IsIn(view) && bDragging;
+}
+
+void SelectionModifier::MoveWithin(const CRect& rcLimits, CPoint point)
+{
+    const CPoint ptMove = point - ptDragStart;
+    rcDisplay = rcDragStart;
+    rcDisplay.OffsetRect(LimitedMove(ptMove.x, rcDragStart.left, rcDragStart.right, rcLimits.left, rcLimits.right),
+                         LimitedMove(ptMove.y, rcDragStart.top, rcDragStart.bottom, rcLimits.top, rcLimits.bottom));
+}
+
+void SelectionModifier::ResizeWithin(const CRect& rcLimits, CPoint point)
+{
+    const int iLeast = std::max(TruncateWide(pView->dbZoom()), 1);
+    const DragMode& mode = HANDLE_MODES[iDragMode - 1];
+    if (mode.bLeft)
+        rcDisplay.left = LowEdge(point.x, rcLimits.left, rcDisplay.right, iLeast);
+    if (mode.bTop)
+        rcDisplay.top = LowEdge(point.y, rcLimits.top, rcDisplay.bottom, iLeast);
+    if (mode.bRight)
+        rcDisplay.right = HighEdge(point.x, rcLimits.right, rcDisplay.left, iLeast);
+    if (mode.bBottom)
+        rcDisplay.bottom = HighEdge(point.y, rcLimits.bottom, rcDisplay.top, iLeast);
+}
+
+int SelectionModifier::OnLButtonUp(UINT, CPoint)
+{
+    if (!IsHosted() || !bDragging)
+        return FALSE;
+    CPixtane& view = *pView;
+    bDragging = FALSE;
+    ReleaseMouse();
+    if (!ShowsItsBitmap() || rcDisplay == rcDragStart)
+        return FALSE;
+    const CWaitCursor wait;
+    const CRect rc = IntoBitmap(DraggedRect());
+    ResampleForDrag(rc.Size());
+    PlaceSelection(rc);
+    UpdateDispData(TRUE);
+    RefreshBorder();
+    view.NotifyParent(PVN_SELMOD_RECT, FALSE);
+    return FALSE;
+}
+
+// ---- the frame
+
+int SelectionModifier::OnPostPaint(CDC& dc, CRect&)
+{
+    if (!ShowsItsBitmap())
+        return FALSE;
+    CPen penBlack(PS_SOLID, 1, RGB(0, 0, 0));
+    CPen penWhite(PS_SOLID, 1, RGB(255, 255, 255));
+    CPen* const pOldPen = dc.SelectObject(&penBlack);
+    CGdiObject* const pOldBrush = dc.SelectStockObject(NULL_BRUSH);
+    const auto outline = [&dc](CPen& pen, int iGrown, std::span<const CRect> vRects)
+    {
+        dc.SelectObject(&pen);
+        for (CRect rc : vRects)
+        {
+            rc.InflateRect(iGrown, iGrown);
+            dc.Rectangle(&rc);
+        }
+    };
+    // White just outside black shows on any ground.
+    outline(penBlack, 0, {&rcDisplay, 1});
+    outline(penWhite, 1, {&rcDisplay, 1});
+    outline(penBlack, 0, rcHandle);
+    outline(penWhite, 1, rcHandle);
+    dc.SelectObject(static_cast<CBrush*>(pOldBrush));
+    dc.SelectObject(pOldPen);
+    return FALSE;
+}
+
+} // namespace Pixtane::EmbeddedTool
