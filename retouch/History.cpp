@@ -27,15 +27,16 @@ void CHistory::Reset(State state)
     m_iCurrent = 0;
 }
 
-void CHistory::Add(State state)
+bool CHistory::Add(State state)
 {
     const State& now = Current();
     if (state.pixels.IsSameAs(now.pixels) && state.mask.IsSameAs(now.mask) && SameRects(state.vSelected, now.vSelected))
-        return;
+        return false;
     m_vStates.resize(m_iCurrent + 1);
     m_vStates.push_back(std::move(state));
     ++m_iCurrent;
     ForgetOldest();
+    return true;
 }
 
 void CHistory::FillPixels(const CTiledSnapshot& pixels)

@@ -21,8 +21,8 @@ public:
     /// Starts anew with what the photo is now.
     void Reset(State state);
 
-    /// Adds what came of a step, unless nothing changed; steps that were undone are forgotten.
-    void Add(State state);
+    /// Adds what came of a step, and forgets the steps that were undone; FALSE, and nothing, when nothing changed.
+    bool Add(State state);
 
     /// Gives every state that has no pixels yet, because nothing had changed them, these.
     void FillPixels(const CTiledSnapshot& pixels);

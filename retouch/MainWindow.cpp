@@ -34,6 +34,7 @@ CMainWindow::CMainWindow() : m_pView(new CPixtaneWidget(this)), m_retoucher(m_pV
     MakeMenus();
     MakePalette();
     MakeOptionsBar();
+    MakeTransformBar();
     MakeStatusBar();
     RestoreSettings();
     m_retoucher.SetListener([this] { Refresh(); });

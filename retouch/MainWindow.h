@@ -3,6 +3,7 @@
 #include "retouch/Retoucher.h"
 #include "user/Window.h"
 
+#include <array>
 #include <QMainWindow>
 
 class CChoiceGroup;
@@ -10,6 +11,7 @@ class CPixtaneWidget;
 class QLabel;
 class QMenu;
 class QSpinBox;
+class QToolBar;
 
 /// The program's window: a photo in a view, with menus, tools and their options, keys, recent files and a status bar.
 class CMainWindow : public QMainWindow
@@ -40,6 +42,9 @@ private:
     void MakeViewMenu();
     void MakePalette();
     void MakeOptionsBar();
+    void MakeTransformBar();
+    void SendTransform();
+    void RefreshTransform();
     void MakeStatusBar();
     void RestoreSettings();
     void KeepSettings();
@@ -77,6 +82,9 @@ private:
     QAction* m_pTint = nullptr;
     CChoiceGroup* m_pTools = nullptr;
     CChoiceGroup* m_pRules = nullptr;
+    QToolBar* m_pOptions = nullptr;
+    QToolBar* m_pTransform = nullptr;           ///< In the options' place while the selection is being transformed.
+    std::array<QSpinBox*, 4> m_vTransform = {}; ///< Left, top, width and height.
     QSpinBox* m_pFeather = nullptr;
     QSpinBox* m_pTolerance = nullptr;
     bool m_bRefreshing = false; ///< The bars follow the program, not the person.

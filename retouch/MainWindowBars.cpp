@@ -3,6 +3,7 @@
 #include "retouch/CommandBar.h"
 #include "retouch/MainWindow.h"
 
+#include <algorithm>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
@@ -22,6 +23,8 @@ QString HintFor(const std::string& strTool)
         return QObject::tr("Drag to move the picture");
     if (strTool == "wand")
         return QObject::tr("Click a colour; the tolerance changes what was picked last");
+    if (strTool == "transform")
+        return QObject::tr("Drag inside or by a handle, or the arrow keys; Enter applies, Esc puts back");
     if (strTool == "lasso")
         return QObject::tr("Alt goes on as a polygon");
     if (strTool == "polygon")
@@ -80,6 +83,7 @@ void CMainWindow::MakeSelectMenu()
     pMenu->addAction(tr("&Shrink..."), this, [this] { AskPixels(tr("Shrink the selection by pixels:"), "shrink"); });
     pMenu->addAction(tr("&Feather..."), QKeySequence(tr("Shift+F6")), this,
                      [this] { AskPixels(tr("Soften the selection's edge by pixels:"), "feather-selection"); });
+    pMenu->addAction(tr("&Transform"), this, [this] { Execute("tool transform"); });
     pMenu->addSeparator();
     m_pHideOutline = AddSwitch(*pMenu, tr("&Hide Outline"), QKeySequence(tr("Ctrl+H")), "hide-outline", "show-outline");
     m_pStillOutline = AddSwitch(*pMenu, tr("Outline &Stands Still"), {}, "still-outline", "crawling-outline");
@@ -135,13 +139,14 @@ void CMainWindow::MakePalette()
                                  {"ellipse", QT_TRANSLATE_NOOP("CChoiceGroup", "Ellipse"), "E"},
                                  {"lasso", QT_TRANSLATE_NOOP("CChoiceGroup", "Lasso"), "L"},
                                  {"polygon", QT_TRANSLATE_NOOP("CChoiceGroup", "Polygon"), "P"},
-                                 {"wand", QT_TRANSLATE_NOOP("CChoiceGroup", "Magic wand"), "W"}},
+                                 {"wand", QT_TRANSLATE_NOOP("CChoiceGroup", "Magic wand"), "W"},
+                                 {"transform", QT_TRANSLATE_NOOP("CChoiceGroup", "Transform the selection"), "T"}},
                                 [this](const std::string& strCommand) { Execute(strCommand); });
 }
 
 void CMainWindow::MakeOptionsBar()
 {
-    auto* pBar = new QToolBar(tr("Options"), this);
+    auto* const pBar = m_pOptions = new QToolBar(tr("Options"), this);
     pBar->setMovable(false);
     pBar->setIconSize({20, 20});
     addToolBar(Qt::TopToolBarArea, pBar);
@@ -156,6 +161,76 @@ void CMainWindow::MakeOptionsBar()
     m_pFeather->setToolTip(tr("How soft the edge of new shapes is"));
     m_pTolerance = AddNumber(*pBar, tr("  &Tolerance "), 255, {}, "tolerance");
     m_pTolerance->setToolTip(tr("How far colours may differ for the magic wand and the colour range"));
+}
+
+void CMainWindow::MakeTransformBar()
+{
+    m_pTransform = new QToolBar(tr("Transform"), this);
+    m_pTransform->setMovable(false);
+    addToolBar(Qt::TopToolBarArea, m_pTransform);
+    const QString vLabels[] = {tr(" &X "), tr("  &Y "), tr("  &Width "), tr("  &Height ")};
+    for (std::size_t i = 0; i < m_vTransform.size(); ++i)
+    {
+        auto* const pLabel = new QLabel(vLabels[i], m_pTransform);
+        QSpinBox* const pNumber = m_vTransform[i] = new QSpinBox(m_pTransform);
+        pNumber->setSuffix(tr(" px"));
+        pNumber->setKeyboardTracking(false);
+        pLabel->setBuddy(pNumber);
+        m_pTransform->addWidget(pLabel);
+        m_pTransform->addWidget(pNumber);
+        connect(pNumber, &QSpinBox::valueChanged, this, &CMainWindow::SendTransform);
+    }
+    m_pTransform->addSeparator();
+    QAction* const pApply = m_pTransform->addAction(tr("Apply"), this,
+                                                    [this]
+                                                    {
+                                                        for (QSpinBox* const pNumber : m_vTransform)
+                                                            pNumber->interpretText(); // What is being typed counts.
+                                                        Execute("apply-transform");
+                                                        m_pView->setFocus();
+                                                    });
+    pApply->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+    QAction* const pCancel = m_pTransform->addAction(tr("Cancel"), this,
+                                                     [this]
+                                                     {
+                                                         Execute("cancel-transform");
+                                                         m_pView->setFocus();
+                                                     });
+    pCancel->setShortcut(QKeySequence(Qt::Key_Escape));
+    // The picture stays where it is when one bar takes the other's place.
+    const int cy = std::max(m_pOptions->sizeHint().height(), m_pTransform->sizeHint().height());
+    m_pOptions->setFixedHeight(cy);
+    m_pTransform->setFixedHeight(cy);
+}
+
+void CMainWindow::SendTransform()
+{
+    if (m_bRefreshing)
+        return;
+    std::string strCommand = "transform-to";
+    for (const QSpinBox* const pNumber : m_vTransform)
+        strCommand += " " + std::to_string(pNumber->value());
+    Execute(strCommand);
+}
+
+void CMainWindow::RefreshTransform()
+{
+    const bool bTransforming = m_retoucher.IsTransforming();
+    m_pOptions->setVisible(!bTransforming);
+    m_pTransform->setVisible(bTransforming);
+    for (QAction* const pAction : m_pTransform->actions())
+        pAction->setEnabled(bTransforming);
+    if (!bTransforming)
+        return;
+    const CPhoto& photo = *m_retoucher.Photo();
+    const CRect rc = m_retoucher.TransformRect();
+    const int vMost[] = {photo.Width() - 1, photo.Height() - 1, photo.Width(), photo.Height()};
+    const int vNow[] = {rc.left, rc.top, rc.Width(), rc.Height()};
+    for (std::size_t i = 0; i < m_vTransform.size(); ++i)
+    {
+        m_vTransform[i]->setRange(i < 2 ? 0 : 1, vMost[i]);
+        m_vTransform[i]->setValue(vNow[i]);
+    }
 }
 
 QSpinBox* CMainWindow::AddNumber(QToolBar& bar, const QString& strLabel, int iMost, const QString& strSuffix,
@@ -197,7 +272,8 @@ void CMainWindow::Refresh()
         action.setEnabled(!strStep.empty());
         action.setText(strStep.empty() ? strWhat : strWhat + " " + QString::fromStdString(strStep));
     };
-    name(*m_pUndo, tr("&Undo"), m_retoucher.History().BackName());
+    name(*m_pUndo, tr("&Undo"),
+         m_retoucher.IsTransforming() ? "Transform Selection" : m_retoucher.History().BackName());
     name(*m_pRedo, tr("&Redo"), m_retoucher.History().ForthName());
     m_pHideOutline->setChecked(m_retoucher.IsOutlineHidden());
     m_pStillOutline->setChecked(m_retoucher.IsOutlineStill());
@@ -209,7 +285,8 @@ void CMainWindow::Refresh()
     m_pTolerance->setValue(m_retoucher.Tolerance());
     m_pHintLabel->setText(m_retoucher.IsPickingColour() ? tr("Click the colour in the picture")
                                                         : HintFor(m_retoucher.ToolName()));
-    const CRect rcBox = m_retoucher.SelectionBox();
+    RefreshTransform();
+    const CRect rcBox = m_retoucher.IsTransforming() ? m_retoucher.TransformRect() : m_retoucher.SelectionBox();
     m_pSelectionLabel->setText(rcBox.IsRectEmpty() ? QString()
                                                    : tr("Selection %1 \u00D7 %2 at %3, %4")
                                                          .arg(rcBox.Width())

@@ -16,11 +16,15 @@ struct CRetoucher::Command
 {
     const char* pszName;
     bool (*pExecute)(CRetoucher& retoucher, const std::string& strArgument, std::string& strError);
-    bool bTellsJournal = false; ///< It does so itself, once it is sure to succeed.
+    int iTraits = 0;
 };
 
 namespace
 {
+
+// What a command is beside.
+constexpr int TELLS_JOURNAL = 1;   ///< It does so itself, once it is sure to succeed.
+constexpr int KEEPS_TRANSFORM = 2; ///< It leaves a transform of the selection under way; all others apply it first.
 
 using R = CRetoucher;
 using Text = const std::string;
@@ -36,7 +40,7 @@ bool Simply(CRetoucher& retoucher, const std::string&, std::string&)
 } // namespace
 
 const CRetoucher::Command CRetoucher::s_vCommands[] = {
-    {"open", [](R& r, Text& strPath, std::string& strError) { return r.Open(strPath, strError); }, true},
+    {"open", [](R& r, Text& strPath, std::string& strError) { return r.Open(strPath, strError); }, TELLS_JOURNAL},
     {"open-sample", Simply<[](R& r) { r.Show(RenderSamplePicture()); }>},
     {"auto-contrast", Simply<[](R& r) { r.AutoContrast(); }>},
     {"brightness-contrast",
@@ -45,9 +49,9 @@ const CRetoucher::Command CRetoucher::s_vCommands[] = {
      [](R& r, Text& str, std::string& strError) { return r.BrightnessContrast(str, true, strError); }},
     {"end-preview", Simply<[](R& r) { r.EndPreview(); }>},
     {"revert", Simply<[](R& r) { r.Revert(); }>},
-    {"show-original", Simply<[](R& r) { r.ShowOriginal(true); }>},
-    {"show-result", Simply<[](R& r) { r.ShowOriginal(false); }>},
-    {"undo", Simply<[](R& r) { r.GoTo(&CHistory::Back); }>},
+    {"show-original", Simply<[](R& r) { r.ShowOriginal(true); }>, KEEPS_TRANSFORM},
+    {"show-result", Simply<[](R& r) { r.ShowOriginal(false); }>, KEEPS_TRANSFORM},
+    {"undo", Simply<[](R& r) { r.Undo(); }>, KEEPS_TRANSFORM},
     {"redo", Simply<[](R& r) { r.GoTo(&CHistory::Forth); }>},
     {"select-all", Simply<[](R& r) { r.SelectAll(); }>},
     {"select-none", Simply<[](R& r) { r.SelectNone(); }>},
@@ -60,24 +64,29 @@ const CRetoucher::Command CRetoucher::s_vCommands[] = {
     {"feather-selection", [](R& r, Text& str, std::string& strError) { return r.FeatherSelection(str, strError); }},
     {"hide-outline", Simply<[](R& r) { r.HideOutline(true); }>},
     {"show-outline", Simply<[](R& r) { r.HideOutline(false); }>},
-    {"still-outline", Simply<[](R& r) { r.StillOutline(true); }>},
-    {"crawling-outline", Simply<[](R& r) { r.StillOutline(false); }>},
-    {"tint", Simply<[](R& r) { r.Tint(true); }>},
-    {"no-tint", Simply<[](R& r) { r.Tint(false); }>},
+    {"still-outline", Simply<[](R& r) { r.StillOutline(true); }>, KEEPS_TRANSFORM},
+    {"crawling-outline", Simply<[](R& r) { r.StillOutline(false); }>, KEEPS_TRANSFORM},
+    {"tint", Simply<[](R& r) { r.Tint(true); }>, KEEPS_TRANSFORM},
+    {"no-tint", Simply<[](R& r) { r.Tint(false); }>, KEEPS_TRANSFORM},
+    {"transform-to", [](R& r, Text& str, std::string& strError) { return r.TransformTo(str, strError); },
+     KEEPS_TRANSFORM},
+    {"apply-transform", Simply<[](R& r) { r.EndTransform(true); }>},
+    {"cancel-transform", Simply<[](R& r) { r.EndTransform(false); }>, KEEPS_TRANSFORM},
     {"tool", [](R& r, Text& str, std::string& strError) { return r.ChooseTool(str, strError); }},
     {"rule", [](R& r, Text& str, std::string& strError) { return r.ChooseRule(str, strError); }},
     {"tolerance", [](R& r, Text& str, std::string& strError) { return r.SetTolerance(str, strError); }},
     {"feather", [](R& r, Text& str, std::string& strError) { return r.SetFeather(str, strError); }},
-    {"zoom-in", Simply<[](R& r) { r.m_host.Zoom().StepZoom(1, r.m_host.Zoom().ViewCentre()); }>},
-    {"zoom-out", Simply<[](R& r) { r.m_host.Zoom().StepZoom(-1, r.m_host.Zoom().ViewCentre()); }>},
-    {"fit", Simply<[](R& r) { r.m_host.Zoom().ZoomToFit(); }>},
-    {"one-to-one", Simply<[](R& r) { r.m_host.Zoom().ZoomAbout(1, r.m_host.Zoom().ViewCentre()); }>},
+    {"zoom-in", Simply<[](R& r) { r.m_host.Zoom().StepZoom(1, r.m_host.Zoom().ViewCentre()); }>, KEEPS_TRANSFORM},
+    {"zoom-out", Simply<[](R& r) { r.m_host.Zoom().StepZoom(-1, r.m_host.Zoom().ViewCentre()); }>, KEEPS_TRANSFORM},
+    {"fit", Simply<[](R& r) { r.m_host.Zoom().ZoomToFit(); }>, KEEPS_TRANSFORM},
+    {"one-to-one", Simply<[](R& r) { r.m_host.Zoom().ZoomAbout(1, r.m_host.Zoom().ViewCentre()); }>, KEEPS_TRANSFORM},
 };
 
 CRetoucher::CRetoucher(CViewHost& host) : m_host(host)
 {
     m_vSubscriptions = {m_host.Listen([this](UINT uCode, CPoint) { return OnNotified(uCode); }),
                         m_host.ListenToKeys([this](UINT uKey, bool bDown) { OnKey(uKey, bDown); })};
+    m_modifier.takeKey = [this](UINT uKey) { return NudgeTransform(uKey); };
     LoadTool();
 }
 
@@ -100,8 +109,10 @@ bool CRetoucher::Execute(const std::string& strCommand, std::string& strError)
         return false;
     }
     // Written down before it is done: what it does shows up after it.
-    if (!it->bTellsJournal)
+    if (!(it->iTraits & TELLS_JOURNAL))
         winlite::TheJournal().OnCommand(strCommand);
+    if (!(it->iTraits & KEEPS_TRANSFORM))
+        EndTransform(true);
     const bool bDone = it->pExecute(*this, strArgument, strError);
     Changed();
     return bDone;
@@ -131,7 +142,7 @@ void CRetoucher::Show(CPhoto photo)
     const std::optional<CPhoto> old = std::exchange(m_photo, std::move(photo));
     m_original.reset();
     m_bTinted = false;
-    m_ptWand.reset();
+    m_pick.reset();
     m_strPending.clear();
     m_lastSelection = {};
     View().ShowCoverImage(FALSE, FALSE);
@@ -145,7 +156,7 @@ void CRetoucher::PixelsChanged(const std::string& strName)
 {
     View().UpdateBitmap(m_photo->Info(), m_photo->Pixels(), TRUE);
     UpdateTint();
-    m_ptWand.reset();
+    m_pick.reset();
     AddStep(strName);
 }
 
@@ -265,10 +276,20 @@ CHistory::State CRetoucher::TakeState(const std::string& strName)
     return state;
 }
 
-void CRetoucher::AddStep(const std::string& strName)
+void CRetoucher::Undo()
 {
-    m_history.Add(TakeState(strName));
+    // A transform under way is the last thing that was done.
+    if (IsTransforming())
+        EndTransform(false);
+    else
+        GoTo(&CHistory::Back);
+}
+
+bool CRetoucher::AddStep(const std::string& strName)
+{
+    const bool bAdded = m_history.Add(TakeState(strName));
     Changed();
+    return bAdded;
 }
 
 void CRetoucher::GoTo(const CHistory::State* (CHistory::*pStep)())
@@ -278,7 +299,7 @@ void CRetoucher::GoTo(const CHistory::State* (CHistory::*pStep)())
     if (!pState)
         return;
     m_strPending.clear();
-    m_ptWand.reset();
+    m_pick.reset();
     if (m_original && !pState->pixels.IsSameAs(before))
     {
         pState->pixels.Restore({m_photo->Pixels(), m_photo->ByteCount()});

@@ -3,6 +3,7 @@
 #include "qt/ViewHost.h"
 #include "retouch/History.h"
 #include "retouch/Photo.h"
+#include "retouch/TransformTool.h"
 #include "selection/RegionSelector.h"
 #include "tools/ImageMover.h"
 
@@ -42,6 +43,7 @@ public:
     std::string RuleName() const;
     int Feather() const { return m_selector.GetFeatherRadius(); }
     int Tolerance() const { return m_selector.GetTorlerance(); }
+    bool IsTransforming() const;
     bool IsPickingColour() const { return m_bPickingColour; }
     bool IsOutlineHidden() const { return m_bOutlineHidden; }
     bool IsOutlineStill() const { return m_bOutlineStill; }
@@ -49,6 +51,9 @@ public:
 
     /// The box of what is selected, in bitmap pixels; empty when nothing is.
     CRect SelectionBox();
+
+    /// The rectangle of the transform that is under way, in bitmap pixels.
+    CRect TransformRect();
 
     /// The tools' settings as their blobs, to be kept over a restart; taken over as commands. FALSE for a blob that the
     /// tool refuses.
@@ -74,7 +79,8 @@ private:
 
     // The history.
     CHistory::State TakeState(const std::string& strName);
-    void AddStep(const std::string& strName);
+    void Undo();
+    bool AddStep(const std::string& strName);
     void GoTo(const CHistory::State* (CHistory::*pStep)());
 
     // The selection.
@@ -86,7 +92,7 @@ private:
     bool HasSelection();
     void RestoreSelection(const CHistory::State& state);
     void SelectMask(const std::vector<BYTE>& vMask, const std::string& strName);
-    void SelectionChanged(const std::string& strName);
+    bool SelectionChanged(const std::string& strName);
     void HideOutline(bool bHide);
     void StillOutline(bool bStill);
     void Tint(bool bTint);
@@ -97,10 +103,19 @@ private:
     bool ChooseRule(const std::string& strName, std::string& strError);
     bool SetFeather(const std::string& strPixels, std::string& strError);
     bool SetTolerance(const std::string& strLevels, std::string& strError);
-    void RepeatWand();
+    void RepeatPick();
     void InvertSelection();
     bool SelectColour(const std::string& strPixel, std::string& strError);
     void PickColour();
+
+    // The transform of the selection.
+    bool StartTransform(std::string& strError);
+    bool TransformTo(const std::string& strRect, std::string& strError);
+    void PlaceTransform(const CRect& rc);
+    bool NudgeTransform(UINT uKey);
+    void TransformChanged();
+    void EndTransform(bool bApply);
+
     void LoadTool();
     void HoldHand(bool bHold);
     LRESULT OnNotified(UINT uCode);
@@ -115,12 +130,21 @@ private:
     CHistory m_history;
     CHistory::State m_lastSelection; ///< The selection that was dropped last, for Reselect.
     Pixtane::EmbeddedTool::RegionSelector m_selector;
+    CTransformTool m_modifier;
     Pixtane::EmbeddedTool::ImageMover m_hand;
     std::string m_strTool = "hand";
-    std::string m_strPending;       ///< What the selection's change that is under way will be called; empty for none.
-    std::optional<CPoint> m_ptWand; ///< The bitmap pixel of the last wand, while what it made is the last step.
-    bool m_bPickingColour = false;  ///< The next click in the picture chooses a colour range.
-    bool m_bHandHeld = false;       ///< The hand is loaded while the space bar is down.
+    std::string m_strPending; ///< What the selection's change that is under way will be called; empty for none.
+    struct Pick
+    {
+        CPoint pt;   ///< Bitmap pixel.
+        bool bRange; ///< A colour range, otherwise the wand.
+        bool bStep;  ///< It changed something.
+    };
+    std::optional<Pick> m_pick;    ///< The last selection by colour, while nothing else has changed since.
+    std::string m_strToolBefore;   ///< The tool to come back to from a transform.
+    CRect m_rcBefore;              ///< What the transform began with.
+    bool m_bPickingColour = false; ///< The next click in the picture chooses a colour range.
+    bool m_bHandHeld = false;      ///< The hand is loaded while the space bar is down.
     bool m_bOutlineHidden = false;
     bool m_bOutlineStill = false;
     bool m_bTinted = false;

@@ -27,15 +27,15 @@ CRect CRetoucher::SelectionBox()
     return rcBox;
 }
 
-void CRetoucher::SelectionChanged(const std::string& strName)
+bool CRetoucher::SelectionChanged(const std::string& strName)
 {
     if (!m_photo)
-        return;
+        return false;
     if (!HasSelection() && !m_history.Current().vSelected.empty())
         m_lastSelection = m_history.Current();
     UpdateTint();
-    m_ptWand.reset();
-    AddStep(strName);
+    m_pick.reset();
+    return AddStep(strName);
 }
 
 void CRetoucher::SelectMask(const std::vector<BYTE>& vMask, const std::string& strName)

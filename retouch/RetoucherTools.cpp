@@ -12,6 +12,7 @@ namespace
 
 constexpr const char* HAND = "hand";
 constexpr const char* WAND = "wand";
+constexpr const char* TRANSFORM = "transform";
 
 struct Shape
 {
@@ -63,6 +64,8 @@ const T* Find(const T (&vTable)[N], const std::string& strName)
 
 bool CRetoucher::ChooseTool(const std::string& strName, std::string& strError)
 {
+    if (strName == TRANSFORM)
+        return StartTransform(strError);
     if (!Find(SHAPES, strName))
     {
         strError = "there is no tool \"" + strName + "\"";
@@ -143,6 +146,8 @@ LRESULT CRetoucher::OnNotified(UINT uCode)
         SelectColour(std::to_string(pt.x) + " " + std::to_string(pt.y), strError);
         LoadTool();
     }
+    if (uCode >= Pixtane::PVN_SELMOD_LEFT && uCode <= Pixtane::PVN_SELMOD_RECT)
+        TransformChanged();
     CommitSelection();
     return 0;
 }
@@ -152,9 +157,9 @@ void CRetoucher::CommitSelection()
     // A drag that replaces the selection first clears it: one step, when the mouse is let go.
     if (m_strPending.empty() || ::GetCapture() == View().m_hWnd)
         return;
-    SelectionChanged(std::exchange(m_strPending, {}));
+    const bool bStep = SelectionChanged(std::exchange(m_strPending, {}));
     if (m_strTool == WAND)
-        m_ptWand = View().GetCursorPos(TRUE);
+        m_pick = Pick{View().GetCursorPos(TRUE), false, bStep};
 }
 
 // ---- selections by colour
@@ -165,18 +170,26 @@ bool CRetoucher::SetTolerance(const std::string& strLevels, std::string& strErro
     if (iLevels)
     {
         m_selector.SetTorlerance(*iLevels);
-        RepeatWand();
+        RepeatPick();
     }
     return iLevels.has_value();
 }
 
-void CRetoucher::RepeatWand()
+void CRetoucher::RepeatPick()
 {
-    // What the wand made last is made again with the new tolerance, so that a person sees what it does.
-    if (!m_ptWand || m_strTool != WAND)
+    // What was picked last is picked again with the new tolerance, so that a person sees what it does.
+    if (!m_pick || (!m_pick->bRange && m_strTool != WAND))
         return;
-    CPoint pt = *m_ptWand;
-    GoTo(&CHistory::Back);
+    const Pick pick = *m_pick;
+    if (pick.bStep)
+        GoTo(&CHistory::Back);
+    CPoint pt = pick.pt;
+    if (pick.bRange)
+    {
+        std::string strError;
+        SelectColour(std::to_string(pt.x) + " " + std::to_string(pt.y), strError);
+        return;
+    }
     View().FromBitmapToWnd(pt);
     View().SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(pt.x, pt.y));
     View().SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(pt.x, pt.y));
@@ -220,14 +233,16 @@ bool CRetoucher::SelectColour(const std::string& strPixel, std::string& strError
     // A selection in which the colour does not occur is left without a region.
     if (!HasSelection())
         View().ClearSelection();
-    SelectionChanged("Select Colour");
+    const bool bStep = SelectionChanged("Select Colour");
+    m_pick = Pick{CPoint(x, y), true, bStep};
     return true;
 }
 
 void CRetoucher::OnKey(UINT uKey, bool bDown)
 {
-    // While a shape is being drawn the space bar moves it, and is the tool's.
-    if (uKey == VK_SPACE && ::GetCapture() != View().m_hWnd && m_strTool != HAND)
+    // While a shape is being drawn the space bar moves it, and is the tool's; a transform would lose what it began
+    // with.
+    if (uKey == VK_SPACE && ::GetCapture() != View().m_hWnd && m_strTool != HAND && !IsTransforming())
         HoldHand(bDown);
 }
 

@@ -78,6 +78,16 @@ QPainterPath Wand()
     return path;
 }
 
+/// A frame with its handles.
+QPainterPath Transform()
+{
+    QPainterPath path;
+    path.addRect(QRectF(4.5, 6.5, 15, 11));
+    for (const QPointF pt : {QPointF(4.5, 6.5), QPointF(19.5, 6.5), QPointF(4.5, 17.5), QPointF(19.5, 17.5)})
+        path.addRect(QRectF(pt.x() - 2, pt.y() - 2, 4, 4));
+    return path;
+}
+
 /// Two overlapping squares, of which the part that a rule leaves is filled.
 QPainterPath Squares(bool bFirst, bool bSecond, bool bBoth)
 {
@@ -109,6 +119,7 @@ constexpr Icon ICONS[] = {
     {"rectangle", &Rectangle, true, false},
     {"ellipse", &Ellipse, true, false},
     {"wand", &Wand, false, false},
+    {"transform", &Transform, false, false},
     {"new", [] { return Squares(false, true, true); }, false, true},
     {"add", [] { return Squares(true, true, true); }, false, true},
     {"subtract", [] { return Squares(true, false, false); }, false, true},

@@ -122,7 +122,11 @@ const CTour::Stop CTour::s_vStops[] = {
          tour.PointTo({0.45, 0.75});
      },
      &CTour::WriteWindow},
-    {"polygon-intersected", [](CTour& tour) { tour.Drag({0.3, 0.25}, {0.3, 0.25}); }, &CTour::WriteWindow},
+    {"polygon-intersected",
+     [](CTour& tour) {
+         tour.Drag({0.3, 0.25}, {0.3, 0.25});
+     },
+     &CTour::WriteWindow},
     {"feathered-and-tinted",
      [](CTour& tour)
      {
@@ -147,6 +151,63 @@ const CTour::Stop CTour::s_vStops[] = {
      },
      &CTour::WriteWindow},
     {"outline-at-zoom-8", [](CTour& tour) { tour.ShowCentreAt(8); }, &CTour::WriteWindow},
+    {"wand",
+     [](CTour& tour)
+     {
+         tour.ShowFitted();
+         tour.Do("select-none");
+         tour.Do("tool wand");
+         tour.Do("rule new");
+         tour.Do("tolerance 20");
+         tour.Drag({0.45, 0.15}, {0.45, 0.15});
+     },
+     &CTour::WriteWindow},
+    {"wand-with-more-tolerance", [](CTour& tour) { tour.Do("tolerance 45"); }, &CTour::WriteWindow},
+    {"wand-inverted", [](CTour& tour) { tour.Do("invert"); }, &CTour::WriteWindow},
+    {"colour-range-tinted",
+     [](CTour& tour)
+     {
+         tour.Do("select-none");
+         tour.Do("tolerance 30");
+         tour.Do("pick-colour");
+         tour.Drag({0.5, 0.6}, {0.5, 0.6});
+         tour.Do("tint");
+     },
+     &CTour::WriteWindow},
+    {"feathered-selection-to-transform",
+     [](CTour& tour)
+     {
+         tour.Do("no-tint");
+         tour.Do("select-none");
+         tour.Do("tool ellipse");
+         tour.Do("feather 20");
+         tour.Drag({0.3, 0.3}, {0.5, 0.6});
+         tour.Do("tool transform");
+     },
+     &CTour::WriteWindow},
+    {"transform-being-dragged",
+     [](CTour& tour) {
+         tour.Draw({{0.4, 0.45}, {0.6, 0.5}});
+     },
+     &CTour::WriteWindow},
+    {"transform-moved", [](CTour& tour) { tour.Button(false); }, &CTour::WriteWindow},
+    {"transform-by-numbers-tinted",
+     [](CTour& tour)
+     {
+         const int cx = tour.View().iBmpWidth();
+         const int cy = tour.View().iBmpHeight();
+         tour.Do("transform-to " + std::to_string(cx / 4) + " " + std::to_string(cy / 3) + " " +
+                 std::to_string(cx / 2) + " " + std::to_string(cy / 4));
+         tour.Do("tint");
+     },
+     &CTour::WriteWindow},
+    {"transform-applied",
+     [](CTour& tour)
+     {
+         tour.Do("no-tint");
+         tour.Do("apply-transform");
+     },
+     &CTour::WriteWindow},
 };
 
 CTour::CTour(CPhoto photo, std::string strFolder) : m_strFolder(std::move(strFolder))

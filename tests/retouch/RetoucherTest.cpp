@@ -159,6 +159,15 @@ TEST_F(RetoucherTest, TheToleranceChangesWhatTheWandPickedLast)
     Do("redo");
     Do("tolerance 30");
     EXPECT_EQ(Box(), "90,0,112,200") << "something else happened since";
+    Do("rule add");
+    user.Click(At(100, 100));
+    const std::string strSame = retoucher.History().BackName();
+    user.Wait(600);
+    user.Click(At(100, 100));
+    Do("tolerance 5");
+    EXPECT_EQ(retoucher.History().BackName(), strSame) << "a pick that changed nothing is no step to take back";
+    Do("rule new");
+    Do("undo");
     Do("invert");
     EXPECT_EQ(retoucher.History().BackName(), "Invert Selection");
     EXPECT_EQ(Box(), "0,0,300,200");
@@ -170,8 +179,64 @@ TEST_F(RetoucherTest, TheToleranceChangesWhatTheWandPickedLast)
     user.Click(At(50, 50));
     EXPECT_EQ(Box(), "50,0,52,200");
     EXPECT_FALSE(retoucher.IsPickingColour());
+    Do("tolerance 1");
+    EXPECT_GT(retoucher.SelectionBox().Width(), 4) << "the colour range follows too";
+    Do("undo");
+    EXPECT_EQ(Box(), "none");
     EXPECT_NE(Refusal("select-colour 300 0").find("no pixel"), std::string::npos);
     EXPECT_NE(Refusal("tolerance 256").find("from 0 to 255"), std::string::npos);
+}
+
+TEST_F(RetoucherTest, ATransformIsOneStepOrNone)
+{
+    const auto weights = [&] { return host.View().vSelectMask(); };
+    EXPECT_EQ(Refusal("tool transform"), "there is no selection to transform");
+    EXPECT_NE(Refusal("transform-to 1 1 1 1").find("no selection"), std::string::npos);
+    Do("tool ellipse");
+    Drag({100, 50}, {199, 149});
+    Do("feather-selection 6");
+    const auto before = weights();
+    const std::string strBox = Box();
+    Do("hide-outline");
+    Do("tool transform");
+    EXPECT_FALSE(retoucher.IsOutlineHidden());
+    EXPECT_NE(Refusal("transform-to 1 1 301 10").find("301"), std::string::npos);
+    for (const char* pszEnd : {"cancel-transform", "undo", "apply-transform"})
+    {
+        if (!retoucher.IsTransforming())
+            Do("tool transform");
+        Drag({150, 100}, {170, 110});
+        Do("fit");
+        Do("transform-to 10 10 40 30");
+        EXPECT_TRUE(retoucher.IsTransforming());
+        EXPECT_EQ(Box(), "10,10,50,40");
+        user.Type(VK_RIGHT);
+        EXPECT_EQ(Box(), "11,10,51,40");
+        Do(pszEnd);
+        EXPECT_EQ(retoucher.ToolName(), "ellipse");
+        if (pszEnd[0] == 'a')
+            break;
+        EXPECT_EQ(Box(), strBox);
+        EXPECT_EQ(weights(), before);
+        EXPECT_EQ(retoucher.History().BackName(), "Feather Selection");
+        EXPECT_EQ(retoucher.History().ForthName(), "");
+    }
+    EXPECT_EQ(retoucher.History().BackName(), "Transform Selection");
+    Do("undo");
+    EXPECT_EQ(weights(), before);
+    Do("tool transform");
+    Do("transform-to 250 150 100 100");
+    Do("grow 5");
+    EXPECT_EQ(Box(), "200,100,300,200") << "shifted back inside, applied, then grown";
+    Do("undo");
+    EXPECT_EQ(retoucher.History().BackName(), "Transform Selection");
+    Do("tool transform");
+    const CRect rc = retoucher.TransformRect();
+    Do("transform-to 0 0 10 10");
+    Do("transform-to " + std::to_string(rc.left) + " " + std::to_string(rc.top) + " " + std::to_string(rc.Width()) +
+       " " + std::to_string(rc.Height()));
+    Do("undo");
+    EXPECT_EQ(retoucher.History().BackName(), "Transform Selection");
 }
 
 TEST_F(RetoucherTest, AHiddenOutlineStaysHiddenAndSpaceIsAHand)

@@ -274,6 +274,27 @@ TEST_F(SelectionModifierTest, ThePointerAtTheEdgeScrollsUntilTheImageEndsAndTell
     EXPECT_EQ(tool.Rect().Size(), CSize(1, 1));
 }
 
+TEST_F(SelectionModifierTest, TheSidesThatStandStillFollowTheStepAskedFor)
+{
+    Select({199, 149, 200, 150}, 8);
+    pView->SetDispPosition(CX * 8 - 283 - 7, pView->ptDispPos().Y);
+    tool.rcDisplay = {100, 100, 150, 150};
+    user->Press({200, 30});
+    tool.iDragMode = 7;
+    user->Move({275, 90});
+    EXPECT_EQ(pView->ptDispPos().X, CX * 8 - 283);
+    EXPECT_EQ(tool.rcDisplay, CRect(88, 100, 276, 150)) << "7 pixels were left, 12 asked for";
+    EXPECT_EQ(Told(), "N192 N192 ");
+    user->Release({275, 90});
+    pHost->MoveWindow(10, 20, 47, 200);
+    pView->MoveWindow(0, 0, 47, 200);
+    pView->SetDispPosition(500, 500);
+    user->Press({25, 90}); // in a view 30 pixels wide
+    user->Move({15, 90});
+    EXPECT_EQ(pView->ptDispPos().X, CX * 8 - 30);
+    user->Release({15, 90});
+}
+
 TEST_F(SelectionModifierTest, HandlesLieOnTheFrameAndCornersComeFirst)
 {
     Select({150, 110, 250, 190});
