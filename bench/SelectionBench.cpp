@@ -3,9 +3,11 @@
 #include "platform/vorpix.h"
 #include "selection/MaskMerge.h"
 #include "selection/RegionSelector.h"
+#include "selection/SelectionModifier.h"
 #include "user/Input.h"
 #include "user/Window.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstring>
@@ -18,6 +20,7 @@ namespace
 
 using Pixtane::CPixtane;
 using Pixtane::EmbeddedTool::RegionSelector;
+using Pixtane::EmbeddedTool::SelectionModifier;
 using Mask = std::vector<BYTE>;
 
 constexpr int WIDTH = 6000;
@@ -273,6 +276,90 @@ CComparison CompareRelease()
         .Report({"region"});
 }
 
+/// The right bottom corner of what is selected, in the window.
+CPoint RightBottomOf(CPixtane& view)
+{
+    CRect rcScaled;
+    view.rgnSelectScaled().GetRgnBox(&rcScaled);
+    return {rcScaled.right - view.ptDispPos().X, rcScaled.bottom - view.ptDispPos().Y};
+}
+
+/// The selection's frame is being dragged by its right bottom handle, which moves on by a pixel.
+CComparison CompareModifierDrag()
+{
+    constexpr const char* PARTS = "two cached paints and a border rebuild";
+    const auto pScene = std::make_shared<SelectedScene>(1920, 1080);
+    const auto pTool = std::make_shared<SelectionModifier>();
+    CPixtane& view = pScene->window.view;
+    view.SetZoom(0.25);
+    const CPoint ptHandle = RightBottomOf(view);
+    const auto pTick = std::make_shared<int>(0);
+    const auto drag = [=, &view]
+    {
+        if (!view.pEmbeddedTool())
+        {
+            view.LoadEmbeddedTool(*pTool);
+            view.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(ptHandle.x, ptHandle.y));
+        }
+        view.SendMessage(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(ptHandle.x - 100 - ++*pTick % 2, ptHandle.y - 100));
+        static_cast<void>(pScene);
+    };
+    const auto pOther = std::make_shared<SelectedScene>(1920, 1080);
+    pOther->window.view.SetZoom(0.25);
+    const auto parts = [=]
+    {
+        pOther->window.Paint();
+        pOther->window.Paint();
+        pOther->window.view.UpdateSelectBorderMaskDC();
+    };
+    return CComparison(drag).Beside(PARTS, parts).AtMost(1, {PARTS});
+}
+
+/// The release of that handle: the selection of most of 24 megapixels becomes a tenth smaller, or, the next time, as
+/// large as it was.
+CComparison CompareModifierRelease()
+{
+    const auto pScene = std::make_shared<SelectedScene>(1920, 1080);
+    const auto pTool = std::make_shared<SelectionModifier>();
+    CPixtane& view = pScene->window.view;
+    view.SetZoom(0.25);
+    const auto pTick = std::make_shared<int>(0);
+    const auto gesture = [=, &view]
+    {
+        if (!view.pEmbeddedTool())
+            view.LoadEmbeddedTool(*pTool);
+        const CPoint pt = RightBottomOf(view);
+        const int iWay = ++*pTick % 2 ? -100 : 100;
+        view.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(pt.x, pt.y));
+        view.SendMessage(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(pt.x + iWay, pt.y + iWay));
+        view.SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(pt.x + iWay, pt.y + iWay));
+        static_cast<void>(pScene);
+    };
+    const auto pMask = std::make_shared<Mask>(LumpyMask());
+    const auto pOther = std::make_shared<Mask>(*pMask);
+    const auto pResized = std::make_shared<Mask>();
+    const auto resample = [=]
+    {
+        BITMAPINFO info = {};
+        info.bmiHeader = {sizeof(BITMAPINFOHEADER), WIDTH, HEIGHT, 1, 8, BI_RGB, 0, 0, 0, 0, 0};
+        BITMAPINFO infoNew;
+        Vorpix::Resize(pMask->data(), pMask->size(), info, *pResized, infoNew, WIDTH - 400, HEIGHT - 400,
+                       Vorpix::RESIZE_LINEAR, nullptr);
+    };
+    const auto paste = [=]
+    {
+        std::ranges::fill(*pOther, BYTE{0});
+        *pOther = *pMask;
+    };
+    return CComparison(gesture)
+        .Beside("resample", resample)
+        .Beside("clear and copy", paste)
+        .Beside("region", RegionFromMask(pMask, WIDTH, HEIGHT))
+        .Report({"resample"})
+        .Report({"clear and copy"})
+        .Report({"region"});
+}
+
 } // namespace
 
 void AddSelectionBenchmarks(CSuite& suite)
@@ -291,4 +378,6 @@ void AddSelectionBenchmarks(CSuite& suite)
     suite.Add("BorderDraw/4K/noise", [] { return CompareBorderDraw(NoiseMask(WIDTH, HEIGHT)); });
     suite.Add("Gesture/RectangleDrag/24MP", &CompareRectangleDrag);
     suite.Add("Gesture/RectangleRelease/24MP", &CompareRelease);
+    suite.Add("Gesture/ModifierDrag/24MP", &CompareModifierDrag);
+    suite.Add("Gesture/ModifierRelease/24MP", &CompareModifierRelease);
 }

@@ -1,8 +1,10 @@
 #include "selection/WandFill.h"
 
+#include "selection/WandRow.h"
+
 #include <algorithm>
+#include <bit>
 #include <cstdint>
-#include <cstring>
 
 namespace Pixtane
 {
@@ -10,158 +12,171 @@ namespace Pixtane
 namespace
 {
 
-/// Pixels of a row from iFirst to iEnd, found from the row above or below.
-struct Run
-{
-    int y, iFirst, iEnd;
-};
+using Word = std::uint64_t;
 
-/// A range of each channel, as the least value and how many lie above it.
-struct ColourRange
+/// What of the open bits hangs together with the seeds, which are some of them.
+Word Spread(Word uSeeds, Word uOpen)
 {
-    BYTE vLeast[3];
-    BYTE vAbove[3];
-
-    ColourRange(const BYTE* pColour, BYTE byTolerance)
+    // A sum carries from each seed to the end of its run; downwards a run is followed in doubling steps.
+    Word uSpread = (uOpen & ~(uOpen + uSeeds)) | uSeeds;
+    Word uPath = uOpen;
+    for (int iStep = 1; iStep < 64; iStep *= 2)
     {
-        for (int i = 0; i < 3; ++i)
-        {
-            vLeast[i] = static_cast<BYTE>(std::max(pColour[i] - byTolerance, 0));
-            vAbove[i] = static_cast<BYTE>(std::min(pColour[i] + byTolerance, 255) - vLeast[i]);
-        }
+        uSpread |= uPath & uSpread >> iStep;
+        uPath &= uPath >> iStep;
     }
-};
-
-/// What a mask's byte says while the fill goes on: a pixel that matches and is not filled yet, and one that is.
-constexpr BYTE OPEN = 1;
-constexpr BYTE FILLED = 255;
-constexpr std::uint64_t EIGHT_OPEN = 0x0101010101010101;
-
-/// Whether one of eight bytes is OPEN.
-bool HasOpen(std::uint64_t uEight)
-{
-    const std::uint64_t uZeroWhereOpen = uEight ^ EIGHT_OPEN;
-    return (uZeroWhereOpen - EIGHT_OPEN) & ~uZeroWhereOpen & EIGHT_OPEN << 7;
+    return uSpread;
 }
 
-std::uint64_t EightAt(const BYTE* pBytes)
+/// A run of set bits that begins with the lowest bit, or ends with the highest.
+Word RunAtBottom(Word uBits) { return uBits & (uBits ^ (uBits + 1)); }
+Word RunAtTop(Word uBits)
 {
-    std::uint64_t uEight;
-    std::memcpy(&uEight, pBytes, sizeof(uEight));
-    return uEight;
+    const int nOnes = std::countl_one(uBits);
+    return nOnes == 64 ? ~Word{0} : ~(~Word{0} >> nOnes);
 }
 
-/// A byte for each pixel of a row, OPEN where its colour is in the range.
-template<int BYTES>
-void MatchRow(BYTE* pMatches, const BYTE* pPixels, int nPixels, const ColourRange& range)
-{
-    const BYTE b = range.vLeast[0], g = range.vLeast[1], r = range.vLeast[2];
-    const BYTE bAbove = range.vAbove[0], gAbove = range.vAbove[1], rAbove = range.vAbove[2];
-    for (int i = 0; i < nPixels; ++i)
-    {
-        const BYTE* const pPixel = pPixels + static_cast<std::ptrdiff_t>(i) * BYTES;
-        pMatches[i] = (static_cast<BYTE>(pPixel[0] - b) <= bAbove) & (static_cast<BYTE>(pPixel[1] - g) <= gAbove) &
-                      (static_cast<BYTE>(pPixel[2] - r) <= rAbove);
-    }
-}
-
-/// The fill: the mask's rows are looked at as they are come to, and runs to go on from wait.
+/// The fill, 64 pixels at a time. A row is matched when it is come to; then its runs of matching pixels are filled
+/// whole.
 class CWandFill
 {
 public:
-    CWandFill(std::vector<BYTE>& vMask, const BITMAPINFOHEADER& header, const BYTE* pBits, const ColourRange& range)
-        : m_vMask(vMask), m_pBits(pBits), m_nPixelBytes(header.biBitCount / 8), m_cx(header.biWidth),
-          m_cy(header.biHeight), m_range(range), m_vRowKnown(static_cast<std::size_t>(m_cy))
+    CWandFill(const BITMAPINFOHEADER& header, const BYTE* pBits, const ColourRange& range)
+        : m_pBits(pBits), m_nPixelBytes(header.biBitCount / 8), m_cx(header.biWidth), m_cy(header.biHeight),
+          m_nWords((m_cx + 63) / 64), m_range(range), m_vOpen(static_cast<std::size_t>(m_nWords) * m_cy),
+          m_vFilled(m_vOpen.size()), m_vKnown(static_cast<std::size_t>(m_cy))
     {
     }
 
-    CRect Fill(CPoint ptSeed)
+    void Fill(CPoint ptSeed)
     {
-        CRect rcFilled(ptSeed.x, ptSeed.y, ptSeed.x, ptSeed.y);
-        FillBeside({ptSeed.y, ptSeed.x, ptSeed.x + 1});
-        while (!m_vRuns.empty())
+        const int iWord = ptSeed.x / 64;
+        Filled(ptSeed.y)[iWord] = Word{1} << ptSeed.x % 64;
+        FillBeside(ptSeed.y, {ptSeed.y, iWord, iWord});
+        while (!m_vSpans.empty())
         {
-            const Run run = m_vRuns.back();
-            m_vRuns.pop_back();
-            rcFilled = CRect(std::min<int>(rcFilled.left, run.iFirst), std::min<int>(rcFilled.top, run.y),
-                             std::max<int>(rcFilled.right, run.iEnd), std::max<int>(rcFilled.bottom, run.y + 1));
-            for (const int y : {run.y - 1, run.y + 1})
+            const Span span = m_vSpans.back();
+            m_vSpans.pop_back();
+            for (const int y : {span.y - 1, span.y + 1})
             {
                 if (y >= 0 && y < m_cy)
-                    FillBeside({y, run.iFirst, run.iEnd});
+                    FillBeside(y, span);
             }
         }
-        CloseRows();
+    }
+
+    /// Writes the mask, and gives the box of what was filled.
+    CRect Write(BYTE* pMask)
+    {
+        CRect rcFilled(m_cx, m_cy, 0, 0);
+        std::vector<Word> vColumns(static_cast<std::size_t>(m_nWords));
+        for (int y = 0; y < m_cy; ++y)
+        {
+            BYTE* const pRow = pMask + static_cast<std::size_t>(y) * m_cx;
+            const Word* const pFilled = Filled(y);
+            if (std::all_of(pFilled, pFilled + m_nWords, [](Word uWord) { return uWord == 0; }))
+            {
+                std::fill_n(pRow, m_cx, BYTE{0});
+                continue;
+            }
+            WidenBits(pFilled, static_cast<std::size_t>(m_cx), pRow);
+            std::transform(pFilled, pFilled + m_nWords, vColumns.begin(), vColumns.begin(), std::bit_or());
+            rcFilled.top = std::min<int>(rcFilled.top, y);
+            rcFilled.bottom = y + 1;
+        }
+        for (int i = 0; i < m_nWords; ++i)
+        {
+            const Word uWord = vColumns[static_cast<std::size_t>(i)];
+            if (!uWord)
+                continue;
+            rcFilled.left = std::min<int>(rcFilled.left, i * 64 + std::countr_zero(uWord));
+            rcFilled.right = i * 64 + 64 - std::countl_zero(uWord);
+        }
         return rcFilled;
     }
 
 private:
-    BYTE* MaskRow(int y) { return m_vMask.data() + static_cast<std::size_t>(y) * m_cx; }
-
-    BYTE* OpenRow(int y)
+    /// Words of a row in which pixels were filled.
+    struct Span
     {
-        BYTE* const pOpen = MaskRow(y);
-        if (!m_vRowKnown[static_cast<std::size_t>(y)])
+        int y, iFirst, iLast;
+    };
+
+    Word* Filled(int y) { return m_vFilled.data() + static_cast<std::ptrdiff_t>(y) * m_nWords; }
+
+    /// The pixels of a row that match and are not filled.
+    Word* Open(int y)
+    {
+        Word* const pOpen = m_vOpen.data() + static_cast<std::ptrdiff_t>(y) * m_nWords;
+        if (!m_vKnown[static_cast<std::size_t>(y)])
         {
-            m_vRowKnown[static_cast<std::size_t>(y)] = true;
+            m_vKnown[static_cast<std::size_t>(y)] = true;
             const std::size_t nStride = (static_cast<std::size_t>(m_cx) * m_nPixelBytes + 3) / 4 * 4;
-            const BYTE* const pPixels = m_pBits + static_cast<std::size_t>(m_cy - 1 - y) * nStride;
-            (m_nPixelBytes == 4 ? MatchRow<4> : MatchRow<3>)(pOpen, pPixels, m_cx, m_range);
+            MatchPixels(m_pBits + static_cast<std::size_t>(m_cy - 1 - y) * nStride, m_nPixelBytes,
+                        static_cast<std::size_t>(m_cx), m_range, pOpen);
         }
         return pOpen;
     }
 
-    /// What matches and was not reached is not selected.
-    void CloseRows()
+    /// Fills the runs of a row that touch what is filled in the span's words, and remembers where it did.
+    void FillBeside(int y, const Span& span)
     {
-        for (int y = 0; y < m_cy; ++y)
+        const Word* const pFrom = Filled(span.y);
+        Word* const pOpen = Open(y);
+        Word* const pFilled = Filled(y);
+        Span found = {y, m_nWords, -2};
+        for (int i = span.iFirst; i <= span.iLast; ++i)
         {
-            if (!m_vRowKnown[static_cast<std::size_t>(y)])
-                std::fill_n(MaskRow(y), m_cx, BYTE{0});
-            else
-                std::transform(MaskRow(y), MaskRow(y) + m_cx, MaskRow(y),
-                               [](BYTE byte) { return byte == FILLED ? FILLED : BYTE{0}; });
+            const Word uSeeds = pFrom[i] & pOpen[i];
+            if (!uSeeds)
+                continue;
+            const Span filled = FillRuns(y, pOpen, pFilled, i, uSeeds);
+            if (filled.iFirst > found.iLast + 1 && found.iLast >= 0)
+                m_vSpans.push_back(found);
+            if (filled.iFirst > found.iLast + 1)
+                found.iFirst = filled.iFirst;
+            found.iFirst = std::min(found.iFirst, filled.iFirst);
+            found.iLast = std::max(found.iLast, filled.iLast);
         }
+        if (found.iLast >= 0)
+            m_vSpans.push_back(found);
     }
 
-    /// Fills the runs of open pixels that touch the span, and remembers them.
-    void FillBeside(const Run& span)
+    /// Fills the runs around the seeds in a word, on into its neighbours, and gives the words that this reached.
+    Span FillRuns(int y, Word* pOpen, Word* pFilled, int iWord, Word uSeeds)
     {
-        BYTE* const pOpen = OpenRow(span.y);
-        for (int x = span.iFirst; x < span.iEnd;)
+        const auto take = [&](int i, Word uBits)
         {
-            if (x + 8 <= span.iEnd && !HasOpen(EightAt(pOpen + x)))
-                x += 8;
-            else if (pOpen[x] != OPEN)
-                ++x;
-            else
-                x = FillRun(span.y, pOpen, x);
+            pOpen[i] &= ~uBits;
+            pFilled[i] |= uBits;
+        };
+        const Word uSpread = Spread(uSeeds, pOpen[iWord]);
+        take(iWord, uSpread);
+        Span span = {y, iWord, iWord};
+        if (uSpread >> 63)
+        {
+            Word uRun = ~Word{0};
+            while (uRun == ~Word{0} && span.iLast + 1 < m_nWords && (uRun = RunAtBottom(pOpen[span.iLast + 1])))
+                take(++span.iLast, uRun);
         }
+        if (uSpread & 1)
+        {
+            Word uRun = ~Word{0};
+            while (uRun == ~Word{0} && span.iFirst > 0 && (uRun = RunAtTop(pOpen[span.iFirst - 1])))
+                take(--span.iFirst, uRun);
+        }
+        return span;
     }
 
-    /// Fills the whole run of open pixels around x, and gives its end.
-    int FillRun(int y, BYTE* pOpen, int x)
-    {
-        int iFirst = x;
-        while (iFirst > 0 && pOpen[iFirst - 1] == OPEN)
-            --iFirst;
-        int iEnd = x + 1;
-        while (iEnd + 8 <= m_cx && EightAt(pOpen + iEnd) == EIGHT_OPEN)
-            iEnd += 8;
-        while (iEnd < m_cx && pOpen[iEnd] == OPEN)
-            ++iEnd;
-        std::memset(pOpen + iFirst, FILLED, static_cast<std::size_t>(iEnd - iFirst));
-        m_vRuns.push_back({y, iFirst, iEnd});
-        return iEnd;
-    }
-
-    std::vector<BYTE>& m_vMask;
     const BYTE* m_pBits;
     int m_nPixelBytes;
     int m_cx, m_cy;
+    int m_nWords; ///< Of a row.
     ColourRange m_range;
-    std::vector<bool> m_vRowKnown;
-    std::vector<Run> m_vRuns;
+    std::vector<Word> m_vOpen;
+    std::vector<Word> m_vFilled;
+    std::vector<bool> m_vKnown;
+    std::vector<Span> m_vSpans;
 };
 
 } // namespace
@@ -169,12 +184,13 @@ private:
 CRect FillWand(std::vector<BYTE>& vMask, const BITMAPINFOHEADER& header, const BYTE* pBits, CPoint ptSeed,
                BYTE byTolerance)
 {
-    // Rows that are come to are written whole, and only the others must be cleared.
-    vMask.resize(static_cast<std::size_t>(header.biWidth) * header.biHeight);
     const std::size_t nPixelBytes = header.biBitCount / 8;
     const std::size_t nStride = (header.biWidth * nPixelBytes + 3) / 4 * 4;
     const BYTE* const pSeed = pBits + (header.biHeight - 1 - ptSeed.y) * nStride + ptSeed.x * nPixelBytes;
-    return CWandFill(vMask, header, pBits, ColourRange(pSeed, byTolerance)).Fill(ptSeed);
+    CWandFill fill(header, pBits, ColourRange(pSeed, byTolerance));
+    fill.Fill(ptSeed);
+    vMask.resize(static_cast<std::size_t>(header.biWidth) * header.biHeight);
+    return fill.Write(vMask.data());
 }
 
 } // namespace Pixtane

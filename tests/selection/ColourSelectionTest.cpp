@@ -72,12 +72,18 @@ TEST_F(ColourSelectionTest, TheWandMatchesAFillPixelByPixel)
     const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     for (int i = 0; i < 400; ++i)
     {
-        const int cx = 1 + below(i % 8 ? 9 : 40), cy = 1 + below(9);
+        // Most are narrow; some go on over several words of 64 pixels, with long runs.
+        const bool bWide = i % 8 == 0;
+        const int cx = bWide ? 60 + below(150) : 1 + below(9), cy = 1 + below(9);
+        const int iRare = bWide ? 20 + below(60) : 1;
         CTestBitmap bitmap(cx, cy, i % 2 ? 24 : 32);
         for (int y = 0; y < cy; ++y)
         {
             for (int x = 0; x < cx; ++x)
-                bitmap.Set(x, y, static_cast<std::uint32_t>(below(3) * 0x400000 + below(2) * 0x3000 + below(2) * 0xFF));
+                bitmap.Set(x, y,
+                           below(iRare)
+                               ? 0
+                               : static_cast<std::uint32_t>(below(3) * 0x400000 + below(2) * 0x3000 + below(2) * 0xFF));
         }
         Show(std::move(bitmap));
         const CPoint ptSeed(below(cx), below(cy));
