@@ -2,26 +2,26 @@
 
 #include <limits>
 
-// The three ways in which the view turns a zoomed coordinate into a pixel. All are single precision and truncate; the
-// 0.9999 lets a value that misses a whole number by rounding noise count as that number (docs/compatibility.md).
+// The three ways in which the view turns a zoomed coordinate into a pixel. Coordinates and constants are single
+// precision; the 0.9999 lets a value that misses a whole number by rounding noise count as that number
+// (docs/compatibility.md). Their sum is exact: rounded to single precision, 3000 and 0.9999 would be 3001.
 
 namespace Pixtane
 {
 
-constexpr float ALMOST_ONE = 0.9999f;
+constexpr double ALMOST_ONE = 0.9999f;
 
 /// Toward zero; values that no int can hold give the nearest int, and what is no number gives 0.
-inline int Truncate(float fValue)
+inline int Truncate(double dValue)
 {
-    // The largest int is no float; the first float beyond it is 2^31.
-    constexpr float BEYOND_INT = 2147483648.0f;
-    if (fValue != fValue)
+    constexpr double BEYOND_INT = 2147483648.0;
+    if (dValue != dValue)
         return 0;
-    if (fValue >= BEYOND_INT)
+    if (dValue >= BEYOND_INT)
         return std::numeric_limits<int>::max();
-    if (fValue < -BEYOND_INT)
+    if (dValue <= -BEYOND_INT)
         return std::numeric_limits<int>::min();
-    return static_cast<int>(fValue);
+    return static_cast<int>(dValue);
 }
 
 /// Like a floor: negative values lose 0.9999 before truncation.
@@ -31,7 +31,7 @@ inline int FloorLike(float fValue) { return Truncate(fValue < 0 ? fValue - ALMOS
 inline int CeilingLike(float fValue) { return Truncate(fValue > 0 ? fValue + ALMOST_ONE : fValue); }
 
 /// To the nearest whole number, halves away from zero.
-inline int RoundHalfAway(float fValue) { return Truncate(fValue < 0 ? fValue - 0.5f : fValue + 0.5f); }
+inline int RoundHalfAway(float fValue) { return Truncate(fValue < 0 ? fValue - 0.5 : fValue + 0.5); }
 
 /// The sum, limited to what an int can hold.
 inline int SaturatedSum(long long llA, long long llB)

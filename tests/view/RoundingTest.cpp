@@ -23,6 +23,10 @@ TEST(RoundingTest, EachRuleOnBothSidesOfItsEdges)
         {-2.00005f, -2, -2, -2, -2},
         {-2.0002f, -2, -3, -2, -2},
         {-1.0f, -1, -1, -1, -1},
+        {3000.0f, 3000, 3000, 3000, 3000}, // whole numbers are themselves, however large
+        {-60001.0f, -60001, -60001, -60001, -60001},
+        {3000.01f, 3000, 3000, 3001, 3000},
+        {0.49999997f, 0, 0, 1, 0},
         {3e9f, MAX, MAX, MAX, MAX},
         {-3e9f, MIN, MIN, MIN, MIN},
         {INFINITY, MAX, MAX, MAX, MAX},
