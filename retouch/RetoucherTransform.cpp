@@ -61,7 +61,10 @@ bool CRetoucher::TransformTo(const std::string& strRect, std::string& strError)
 void CRetoucher::PlaceTransform(const CRect& rc)
 {
     const CWaitCursor wait;
-    m_modifier.SetRect(rc.left, rc.top, rc.Width(), rc.Height());
+    if (rc.Size() == TransformRect().Size())
+        m_modifier.SetLeftTop(rc.left, rc.top);
+    else
+        m_modifier.SetRect(rc.left, rc.top, rc.Width(), rc.Height());
     // At once, so that the tint shows what comes of it.
     m_modifier.ApplyModify();
     TransformChanged();

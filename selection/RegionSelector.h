@@ -152,7 +152,8 @@ private:
 
     bool TakeShape(CRgn& rgnShape);
     void TakePolygon(CRgn& rgnShape);
-    bool TakeWand();
+    bool TakeWand(CRgn& rgnShape);
+    bool MergeColorRange(const std::vector<BYTE>& vShape);
     bool HasFeatheredShape() const;
     bool RasteriseShape(const CRgn& rgnShape);
     void MergeShape(const CRgn& rgnShape);

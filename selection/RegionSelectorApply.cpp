@@ -81,7 +81,8 @@ void RegionSelector::ApplySelection()
     CPixtane& view = *pView;
     const bool bWasEmpty = IsEmpty(view.rgnSelect());
     CRgn rgnShape;
-    const bool bShape = eSelectMode == SM_MAGICWAND ? TakeWand() : TakeShape(rgnShape) && RasteriseShape(rgnShape);
+    const bool bShape =
+        eSelectMode == SM_MAGICWAND ? TakeWand(rgnShape) : TakeShape(rgnShape) && RasteriseShape(rgnShape);
     if (!view.rgnSelect().GetSafeHandle())
         view.rgnSelect().CreateRectRgn(0, 0, 0, 0);
     if (bShape)

@@ -1,4 +1,5 @@
 #include "platform/vorpix.h"
+#include "selection/RegionBox.h"
 #include "selection/RegionSelector.h"
 #include "selection/WandFill.h"
 #include "view/Log.h"
@@ -15,10 +16,10 @@ namespace Pixtane::EmbeddedTool
 int RegionSelector::CreateMagicWandMask(std::vector<BYTE>& vMask, const CPoint& ptSeed, BYTE byTolerance, RECT* pBounds)
 try
 {
-    constexpr WORD FEWEST_BITS = 24;
     const CPoint pt = ToBitmap(ptSeed);
     const BITMAPINFOHEADER header = pView->BmpInfo().bmiHeader;
-    if (!pView->rgnBitmap().PtInRegion(pt) || header.biBitCount < FEWEST_BITS)
+    const bool bKnown = header.biBitCount == 24 || header.biBitCount == 32;
+    if (!bKnown || !pView->rgnBitmap().GetSafeHandle() || !pView->rgnBitmap().PtInRegion(pt))
         return 0;
     if (static_cast<long long>(header.biWidth) * header.biHeight <= 0)
     {
@@ -36,51 +37,76 @@ catch (const std::bad_alloc&)
     return 0;
 }
 
-bool RegionSelector::TakeWand()
+bool RegionSelector::TakeWand(CRgn& rgnShape)
 {
-    std::vector<BYTE>& vShape = pView->vSelectMask_Cur();
+    // A view without masks keeps the region alone.
+    std::vector<BYTE> vOwn;
+    const bool bMasked = pView->iSelectMaskSize() != 0;
+    std::vector<BYTE>& vShape = bMasked ? pView->vSelectMask_Cur() : vOwn;
     RECT rcBounds = {};
-    if (!pView->iSelectMaskSize() || !CreateMagicWandMask(vShape, ptDown, static_cast<BYTE>(iTolerance), &rcBounds))
+    if (!CreateMagicWandMask(vShape, ptDown, static_cast<BYTE>(iTolerance), &rcBounds))
         return false;
     if (iFeatherRadius >= 1 && !Vorpix::FeatherRegion(vShape, rcBounds, iFeatherRadius, pView->iBmpWidth(),
                                                       pView->iBmpHeight(), nullptr, true))
         QLWriteLog(QL_ERROR, MODULE_NAME, L"RegionSelector::CreateSelectMask", L"Failed to call Vorpix::FeatherRegion");
-    return HasFeatheredShape();
+    return bMasked ? HasFeatheredShape()
+                   : CPixtane::CreateRgnFromMask(rgnShape, vShape, pView->iBmpWidth(), pView->iBmpHeight());
 }
 
 void RegionSelector::SelectColorRange(COLORREF crColor, int iColorTolerance)
+try
 {
     constexpr const wchar_t* FUNCTION = L"CPixtane::SelectColorRange";
-    if (!pView || !pView->pBmpData() || !pView->iSelectMaskSize())
+    if (!IsHosted())
         return;
-    const bool bSelection = HasSelection();
-    CRect rcArea;
-    (bSelection ? pView->rgnSelect() : pView->rgnBitmap()).GetRgnBox(&rcArea);
+    const auto fail = [](const wchar_t* pszText) { QLWriteLog(QL_ERROR, MODULE_NAME, FUNCTION, pszText); };
+    if (!pView->pBmpData())
+        return fail(L"Failed to create region.");
+    CRect rcArea = BoxOf(HasSelection() ? pView->rgnSelect() : pView->rgnBitmap());
     BITMAPINFO info = pView->BmpInfo();
-    std::vector<BYTE>& vShape = pView->vSelectMask_Cur();
+    std::vector<BYTE> vOwn;
+    std::vector<BYTE>& vShape = pView->iSelectMaskSize() ? pView->vSelectMask_Cur() : vOwn;
     // Only the area is written, and what stood elsewhere is no part of the range.
-    std::ranges::fill(vShape, BYTE{0});
+    vShape.assign(static_cast<std::size_t>(pView->iBmpWidth()) * pView->iBmpHeight(), 0);
     if (!Vorpix::CreateRegionFromColor(pView->pBmpData(), info, rcArea, vShape, crColor, iColorTolerance, nullptr))
-    {
-        QLWriteLog(QL_ERROR, MODULE_NAME, FUNCTION, L"Failed to create region.");
-        return;
-    }
-    const emOverlapMode eOld = std::exchange(eOverlapMode, bSelection ? OM_INTERSECT : OM_NEW);
-    MergeSelectMask();
-    eOverlapMode = eOld;
-    if (!CPixtane::CreateRgnFromMask(pView->rgnSelect(), pView->vSelectMask(), pView->iBmpWidth(), pView->iBmpHeight()))
-    {
-        QLWriteLog(QL_ERROR, MODULE_NAME, FUNCTION, L"Failed to create region after feathering.");
-        return;
-    }
+        return fail(L"Failed to create region.");
+    if (!MergeColorRange(vShape))
+        return fail(L"Failed to create region after feathering.");
     pView->UpdateScaledRegion();
     pView->UpdateSelectBorderMaskDC();
     RefreshView(false);
 }
+catch (const std::bad_alloc&)
+{
+    QLWriteLog(QL_ERROR, MODULE_NAME, L"CPixtane::SelectColorRange", L"Not enough memory.");
+}
+
+bool RegionSelector::MergeColorRange(const std::vector<BYTE>& vShape)
+{
+    const bool bSelection = HasSelection();
+    CRgn& rgnSelect = pView->rgnSelect();
+    const int cx = pView->iBmpWidth();
+    const int cy = pView->iBmpHeight();
+    if (pView->iSelectMaskSize())
+    {
+        const emOverlapMode eOld = std::exchange(eOverlapMode, bSelection ? OM_INTERSECT : OM_NEW);
+        MergeSelectMask();
+        eOverlapMode = eOld;
+        return CPixtane::CreateRgnFromMask(rgnSelect, pView->vSelectMask(), cx, cy);
+    }
+    CRgn rgnRange;
+    bool bLeft = CPixtane::CreateRgnFromMask(rgnRange, vShape, cx, cy);
+    if (bLeft && bSelection)
+        bLeft = rgnRange.CombineRgn(&rgnRange, &rgnSelect, RGN_AND) > NULLREGION;
+    rgnSelect.DeleteObject();
+    if (bLeft)
+        rgnSelect.Attach(rgnRange.Detach());
+    return bLeft;
+}
 
 void RegionSelector::SelectAll()
 {
-    if (!pView || !pView->pBmpData())
+    if (!IsHosted() || !pView->pBmpData())
         return;
     CRgn& rgnSelect = pView->rgnSelect();
     if (!rgnSelect.GetSafeHandle())
@@ -98,7 +124,7 @@ void RegionSelector::SelectAll()
 
 void RegionSelector::InverseSelect()
 {
-    if (!pView || !pView->pBmpData())
+    if (!IsHosted() || !pView->pBmpData())
         return;
     CPixtane& view = *pView;
     if (HasSelection())

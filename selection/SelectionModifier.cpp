@@ -1,5 +1,6 @@
 #include "selection/SelectionModifier.h"
 
+#include "selection/RegionBox.h"
 #include "selection/ScaleRgn.h"
 #include "view/Notifications.h"
 
@@ -24,14 +25,28 @@ BITMAPINFO MaskInfo(BITMAPINFO info, LONG cx, LONG cy, std::size_t nBytes)
 
 CSize SizeOf(const BITMAPINFO& info) { return {info.bmiHeader.biWidth, info.bmiHeader.biHeight}; }
 
-/// How far numbers may move the rectangle, and how large they may make it, so that regions reach as far.
-constexpr LONG FARTHEST = (1 << 26) - 16;
+/// As far as regions reach.
+constexpr LONG FARTHEST = (1 << 27) - 16;
 
-/// By what a size is scaled to another one; no edge gets farther than the farthest.
+/// By what a size is scaled to another one, as far as the edges may go.
 float ScaleFactor(int iSize, LONG iOrigin, LONG iLastEdge)
 {
     return std::min(static_cast<float>(iSize) / static_cast<float>(iOrigin),
                     static_cast<float>(FARTHEST) / static_cast<float>(iLastEdge));
+}
+
+/// The offset that takes a box's left top corner to a place, as far as it may go.
+CPoint OffsetTo(int x, int y, const CRect& rcBox)
+{
+    return CPoint(std::clamp<LONG>(x, -FARTHEST, FARTHEST - rcBox.Width()),
+                  std::clamp<LONG>(y, -FARTHEST, FARTHEST - rcBox.Height())) -
+           rcBox.TopLeft();
+}
+
+void Offset(CRgn& rgn, CPoint ptOffset)
+{
+    if (rgn.GetSafeHandle())
+        rgn.OffsetRgn(ptOffset.x, ptOffset.y);
 }
 
 /// A side of the length, moved to where all of it is from 0 to the limit; cut off to the limit when it is longer.
@@ -75,7 +90,10 @@ bool SelectionModifier::TakeSnapshot()
     if (!pView->GetSelectRegion(rgnOrigin) ||
         rgnOrigin.CombineRgn(&rgnOrigin, &pView->rgnBitmap(), RGN_AND) <= NULLREGION)
         return false;
-    rgnOrigin.GetRgnBox(&rcOrigin);
+    const auto nPixels = static_cast<std::size_t>(pView->iBmpWidth()) * pView->iBmpHeight();
+    if (!pView->vSelectMask().empty() && pView->vSelectMask().size() != nPixels)
+        return false; // The host has made something of it that does not belong to the bitmap.
+    rcOrigin = BoxOf(rgnOrigin);
     const BITMAPINFO info = pView->BmpInfo();
     const auto cx = static_cast<std::size_t>(rcOrigin.Width());
     const auto cy = static_cast<std::size_t>(rcOrigin.Height());
@@ -124,9 +142,8 @@ void SelectionModifier::SetLeftTop(int x, int y)
 {
     if (!ShowsItsBitmap())
         return;
-    const CPoint ptOffset =
-        CPoint(std::clamp<LONG>(x, -FARTHEST, FARTHEST), std::clamp<LONG>(y, -FARTHEST, FARTHEST)) - rcImage.TopLeft();
-    pView->rgnSelect().OffsetRgn(ptOffset.x, ptOffset.y);
+    const CPoint ptOffset = OffsetTo(x, y, rcImage);
+    Offset(pView->rgnSelect(), ptOffset);
     rcImage.OffsetRect(ptOffset.x, ptOffset.y);
     pView->UpdateScaledRegion();
     UpdateDispData(TRUE);
@@ -140,11 +157,10 @@ void SelectionModifier::SetSize(int cx, int cy)
     CPixtane& view = *pView;
     ScaleSelection(rcImage.left, rcImage.top, cx, cy);
     view.UpdateScaledRegion();
-    CRect rcScaled;
-    view.rgnSelectScaled().GetRgnBox(&rcScaled);
-    if (rcScaled.IsRectNull())
+    const bool bShown = !BoxOf(view.rgnSelectScaled()).IsRectNull();
+    if (!bShown)
         rcDisplay = ZoomedImageRect();
-    UpdateDispData(!rcScaled.IsRectNull());
+    UpdateDispData(bShown);
     RefreshBorder();
     view.NotifyParent(PVN_SELMOD_SIZE, FALSE);
 }
@@ -164,12 +180,8 @@ void SelectionModifier::ScaleSelection(int x, int y, int cx, int cy)
     CRgn& rgnSelect = pView->rgnSelect();
     ScaleRgn(rgnOrigin, rgnSelect, ScaleFactor(cx, rcOrigin.Width(), rcOrigin.right),
              ScaleFactor(cy, rcOrigin.Height(), rcOrigin.bottom), SCALE_FRACTION_ALIGNED);
-    CRect rcBox;
-    rgnSelect.GetRgnBox(&rcBox);
-    rgnSelect.OffsetRgn(std::clamp<LONG>(x, -FARTHEST, FARTHEST) - rcBox.left,
-                        std::clamp<LONG>(y, -FARTHEST, FARTHEST) - rcBox.top);
-    rcImage.SetRectEmpty();
-    rgnSelect.GetRgnBox(&rcImage);
+    Offset(rgnSelect, OffsetTo(x, y, BoxOf(rgnSelect)));
+    rcImage = BoxOf(rgnSelect);
 }
 
 void SelectionModifier::GetRect(CRect& rc) { rc = bDragging && IsHosted() ? DraggedRect() : rcImage; }
@@ -233,9 +245,14 @@ void SelectionModifier::Resample(CSize szMask, Vorpix::RESIZE_ALGORITHM eAlgorit
 void SelectionModifier::PlaceSelection(const CRect& rc)
 {
     if (vNewMask.empty()) // A view without masks keeps the region alone.
+    {
         ScaleSelection(rc.left, rc.top, rc.Width(), rc.Height());
+        pView->rgnSelect().CombineRgn(&pView->rgnSelect(), &pView->rgnBitmap(), RGN_AND);
+    }
     else
+    {
         Paste(rc);
+    }
     rcImage = rc;
     pView->UpdateScaledRegion();
 }
@@ -243,8 +260,10 @@ void SelectionModifier::PlaceSelection(const CRect& rc)
 void SelectionModifier::Paste(const CRect& rc)
 {
     const CSize szMask = SizeOf(bmiResizedMask);
-    const LONG cx = std::min(rc.Width(), static_cast<int>(szMask.cx));
-    const LONG cy = std::min(rc.Height(), static_cast<int>(szMask.cy));
+    // A resizing that failed may have left anything.
+    const LONG cyThere = szMask.cx > 0 ? static_cast<LONG>(vResizedMask.size() / szMask.cx) : 0;
+    const LONG cx = std::clamp<LONG>(szMask.cx, 0, rc.Width());
+    const LONG cy = std::clamp<LONG>(std::min(szMask.cy, cyThere), 0, rc.Height());
     const LONG cxBitmap = bmiNewMask.bmiHeader.biWidth;
     std::ranges::fill(vNewMask, BYTE{0});
     for (std::ptrdiff_t y = 0; y < cy; ++y)

@@ -98,6 +98,7 @@ private:
     CRect ZoomedImageRect() const;
 
     bool DragTo(CPoint point);
+    bool IsStillDragging(const CPixtane& view);
     void MoveWithin(const CRect& rcLimits, CPoint point);
     void ResizeWithin(const CRect& rcLimits, CPoint point);
     CRect DraggedRect();

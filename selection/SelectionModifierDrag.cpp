@@ -1,3 +1,4 @@
+#include "selection/RegionBox.h"
 #include "selection/SelectionModifier.h"
 #include "view/EdgeScroll.h"
 #include "view/Module.h"
@@ -70,10 +71,22 @@ LONG LowEdge(LONG iPoint, LONG iLimit, LONG iHigh, int iLeast)
 }
 LONG HighEdge(LONG iPoint, LONG iLimit, LONG iLow, int iLeast)
 {
-    return std::max<LONG>(std::min(iPoint + 1, iLimit), SaturatedSum(iLow, iLeast));
+    return std::max<LONG>(std::min<LONG>(SaturatedSum(iPoint, 1), iLimit), SaturatedSum(iLow, iLeast));
 }
 
-int TruncateWide(double dValue) { return static_cast<int>(std::clamp(dValue, -2147483648.0, 2147483647.0)); }
+/// Where the zoomed image begins in the window.
+CPoint ImageOrigin(CPixtane& view)
+{
+    const Gdiplus::Point ptPos = view.ptDispPos();
+    return {SaturatedSum(0, -static_cast<long long>(ptPos.X)), SaturatedSum(0, -static_cast<long long>(ptPos.Y))};
+}
+
+/// A rectangle moved, but not so far that handles beside it would overflow.
+CRect Moved(const CRect& rc, CPoint ptBy)
+{
+    const auto moved = [](LONG iEdge, LONG iBy) { return std::clamp(SaturatedSum(iEdge, iBy), -(1 << 30), 1 << 30); };
+    return {moved(rc.left, ptBy.x), moved(rc.top, ptBy.y), moved(rc.right, ptBy.x), moved(rc.bottom, ptBy.y)};
+}
 
 } // namespace
 
@@ -82,11 +95,7 @@ int TruncateWide(double dValue) { return static_cast<int>(std::clamp(dValue, -21
 void SelectionModifier::UpdateDispData(BOOL bFromRegion)
 {
     if (bFromRegion && pView)
-    {
-        rcDisplay.SetRectEmpty();
-        pView->rgnSelectScaled().GetRgnBox(&rcDisplay);
-        rcDisplay.OffsetRect(-pView->ptDispPos().X, -pView->ptDispPos().Y);
-    }
+        rcDisplay = Moved(BoxOf(pView->rgnSelectScaled()), ImageOrigin(*pView));
     UpdateAdjustData();
 }
 
@@ -144,16 +153,14 @@ CRect SelectionModifier::ZoomedImageRect() const
     const auto low = [dbZoom = pView->dbZoom()](LONG iEdge)
     {
         const double dEdge = iEdge * dbZoom;
-        return TruncateWide(dEdge > 0 ? dEdge + NEARLY_ONE : dEdge);
+        return Truncate(dEdge > 0 ? dEdge + NEARLY_ONE : dEdge);
     };
     const auto high = [dbZoom = pView->dbZoom()](LONG iEdge)
     {
         const double dEdge = iEdge * dbZoom;
-        return TruncateWide(dEdge >= 0 ? dEdge : dEdge - NEARLY_ONE);
+        return Truncate(dEdge >= 0 ? dEdge : dEdge - NEARLY_ONE);
     };
-    const Gdiplus::Point ptPos = pView->ptDispPos();
-    return {SaturatedSum(low(rcImage.left), -ptPos.X), SaturatedSum(low(rcImage.top), -ptPos.Y),
-            SaturatedSum(high(rcImage.right), -ptPos.X), SaturatedSum(high(rcImage.bottom), -ptPos.Y)};
+    return Moved({low(rcImage.left), low(rcImage.top), high(rcImage.right), high(rcImage.bottom)}, ImageOrigin(*pView));
 }
 
 void SelectionModifier::OnZoomChanged()
@@ -207,19 +214,20 @@ int SelectionModifier::OnMouseMove(UINT, CPoint point)
 
 bool SelectionModifier::DragTo(CPoint point)
 {
-    if (!ShowsItsBitmap())
-        return false;
     CPixtane& view = *pView;
+    if (!IsStillDragging(view))
+        return false;
     const Gdiplus::Point ptBefore = view.ptDispPos();
     const Gdiplus::SizeF szZoomed = view.ZoomedSize();
     const CSize szStep = EdgeStep(view, point);
     const bool bScrolled = ScrollBy(view, szStep);
-    if (!IsIn(view) || !bDragging)
-        return false; // It ended inside that.
+    if (!IsStillDragging(view))
+        return false;
     if (bScrolled)
         rcDisplay.OffsetRect(-szStep.cx, -szStep.cy);
     // Right and bottom are those from before the scroll.
-    const CRect rcLimits(-view.ptDispPos().X, -view.ptDispPos().Y,
+    const CPoint ptOrigin = ImageOrigin(view);
+    const CRect rcLimits(ptOrigin.x, ptOrigin.y,
                          SaturatedSum(CeilingLike(szZoomed.Width), -static_cast<long long>(ptBefore.X)),
                          SaturatedSum(CeilingLike(szZoomed.Height), -static_cast<long long>(ptBefore.Y)));
     if (iDragMode == 0)
@@ -230,7 +238,19 @@ bool SelectionModifier::DragTo(CPoint point)
     view.Invalidate(FALSE);
     view.UpdateWindow();
     view.NotifyParent(iDragMode == 0 ? PVN_SELMOD_RECT : HANDLE_MODES[iDragMode - 1].uCode, FALSE);
-    return bScrolled && IsIn(view) && bDragging;
+    return IsStillDragging(view) && bScrolled;
+}
+
+bool SelectionModifier::IsStillDragging(const CPixtane& view)
+{
+    if (!IsIn(view) || !bDragging)
+        return false;
+    if (ShowsItsBitmap())
+        return true;
+    // Without a bitmap nothing would tell when the button goes up.
+    bDragging = FALSE;
+    ReleaseMouse();
+    return false;
 }
 
 void SelectionModifier::MoveWithin(const CRect& rcLimits, CPoint point)
@@ -243,7 +263,7 @@ void SelectionModifier::MoveWithin(const CRect& rcLimits, CPoint point)
 
 void SelectionModifier::ResizeWithin(const CRect& rcLimits, CPoint point)
 {
-    const int iLeast = std::max(TruncateWide(pView->dbZoom()), 1);
+    const int iLeast = std::max(Truncate(pView->dbZoom()), 1);
     const DragMode& mode = HANDLE_MODES[iDragMode - 1];
     if (mode.bLeft)
         rcDisplay.left = LowEdge(point.x, rcLimits.left, rcDisplay.right, iLeast);

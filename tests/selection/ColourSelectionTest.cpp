@@ -113,8 +113,11 @@ TEST_F(ColourSelectionTest, TheWandMatchesAFillPixelByPixel)
     std::vector<BYTE> vMask(7);
     EXPECT_FALSE(tool.CreateMagicWandMask(vMask, {0, 0}, 255, nullptr)) << "beside the picture";
     EXPECT_EQ(vMask.size(), 7U);
-    Show(CTestBitmap(5, 5, 16));
-    EXPECT_FALSE(tool.CreateMagicWandMask(vMask, At(2, 2), 255, nullptr));
+    for (const int iBits : {16, 64})
+    {
+        Show(CTestBitmap(5, 5, iBits));
+        EXPECT_FALSE(tool.CreateMagicWandMask(vMask, At(2, 2), 255, nullptr));
+    }
 }
 
 TEST_F(ColourSelectionTest, AClickOfTheWandIsAShapeLikeAnyOther)
@@ -138,9 +141,12 @@ TEST_F(ColourSelectionTest, AClickOfTheWandIsAShapeLikeAnyOther)
     CRect rcBox;
     pView->rgnSelect().GetRgnBox(&rcBox);
     EXPECT_EQ(rcBox, CRect(20, 0, 60, 30));
+    EXPECT_EQ(Mask().vRows[5].substr(42, 5), ".++++") << "with a soft edge";
     EXPECT_NE(TakeLog().find("N101"), std::string::npos);
     Show(CTestBitmap::Numbered(60, 30));
-    const std::vector<BYTE> vBefore(60 * 30);
+    tool.SelectAll();
+    const std::vector<BYTE> vBefore(60 * 30, 255);
+    tool.SetSelectOverlapMode(RegionSelector::OM_SUBTRACT);
     tool.SetTorlerance(0);
     tool.SetFeatherRadius(200);
     nErrors = 0;
@@ -179,6 +185,12 @@ TEST_F(ColourSelectionTest, ColourRangesAllAndInverse)
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "1,0,2,1 3,0,4,1 ") << "within the selection";
     EXPECT_EQ(pView->vSelectMask()[1], 100);
     EXPECT_EQ(nErrors, 0);
+    tool.InverseSelect();
+    EXPECT_EQ(Mask(), (CMaskPicture{{"#+#.##", "######"}}));
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "0,0,1,1 2,0,3,1 4,0,6,1 0,1,6,2 ") << "what is partly selected is not in";
+    tool.InverseSelect();
+    EXPECT_EQ(pView->vSelectMask()[1], 100);
+    TakeLog();
     tool.SelectColorRange(RGB(255, 0, 0), 5);
     EXPECT_EQ(nErrors, 1);
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "none");
@@ -202,6 +214,37 @@ TEST_F(ColourSelectionTest, ColourRangesAllAndInverse)
     tool.InverseSelect();
     tool.SelectColorRange(0, 0);
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "none");
+}
+
+TEST_F(ColourSelectionTest, AViewWithoutMasksSelectsRegionsByColour)
+{
+    Show(CTestBitmap(60, 30));
+    for (int x = 20; x < 40; ++x)
+        shown.Set(x, 7, 0x808080);
+    pView->UnloadEmbeddedTool();
+    CTestView view(TRUE);
+    ASSERT_TRUE(view.Create(CRect(0, 0, 300, 200), pHost.get(), VIEW_ID + 5, BACKGROUND));
+    view.SetBitmap(shown.info, shown.vBits.data());
+    view.LoadEmbeddedTool(tool);
+    tool.SelectColorRange(RGB(0x80, 0x80, 0x80), 3);
+    EXPECT_EQ(RectsOf(view.rgnSelect()), "20,7,40,8 ");
+    CRgn rgn;
+    rgn.CreateRectRgn(0, 0, 30, 30);
+    view.UpdateSelection(rgn, {});
+    tool.SelectColorRange(RGB(0x80, 0x80, 0x80), 3);
+    EXPECT_EQ(RectsOf(view.rgnSelect()), "20,7,30,8 ");
+    tool.SetSelectMode(RegionSelector::SM_MAGICWAND);
+    tool.SetSelectOverlapMode(RegionSelector::OM_ADD);
+    CPoint pt(35, 7);
+    view.FromBitmapToWnd(pt);
+    tool.OnLButtonDown(0, pt);
+    tool.OnLButtonUp(0, pt);
+    EXPECT_EQ(RectsOf(view.rgnSelect()), "20,7,40,8 ");
+    tool.SelectColorRange(RGB(1, 255, 1), 3);
+    EXPECT_EQ(RectsOf(view.rgnSelect()), "none");
+    EXPECT_EQ(nErrors, 1);
+    view.UnloadEmbeddedTool();
+    view.DestroyWindow();
 }
 
 } // namespace
