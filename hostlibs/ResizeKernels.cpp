@@ -88,6 +88,24 @@ struct Sums
     hn::Vec<hn::FixedTag<int32_t, 4>> sum, more;
 };
 
+/// The same for two bytes: the first, and a part of the way to the second. iPart is below 1 << UNIT_BITS.
+HWY_INLINE Vector Between(Vector first, Vector second, int iPart)
+{
+    const Bytes bytes;
+    const Vector zero = hn::Zero(bytes);
+    // The product is rounded as the sum would be, since the first byte is whole.
+    const auto part = hn::Set(Sums::words, static_cast<int16_t>(iPart << (15 - ResizeAxis::UNIT_BITS)));
+    const auto on = [&](Vector from, Vector to)
+    {
+        const auto words = hn::BitCast(Sums::words, from);
+        return hn::Add(words, hn::MulFixedPoint15(hn::Sub(hn::BitCast(Sums::words, to), words), part));
+    };
+    const hn::Half<Bytes> halfBytes;
+    const auto lower = on(hn::InterleaveLower(bytes, first, zero), hn::InterleaveLower(bytes, second, zero));
+    const auto upper = on(hn::InterleaveUpper(bytes, first, zero), hn::InterleaveUpper(bytes, second, zero));
+    return hn::Combine(bytes, hn::DemoteTo(halfBytes, upper), hn::DemoteTo(halfBytes, lower));
+}
+
 /// The same for as many bytes side by side as a vector has.
 HWY_INLINE Vector WeightedSum(const uint8_t* HWY_RESTRICT pBytes, size_t nStride, const ResizeAxis& axis,
                               const ResizeAxis::Place& place)
@@ -95,6 +113,9 @@ HWY_INLINE Vector WeightedSum(const uint8_t* HWY_RESTRICT pBytes, size_t nStride
     const Bytes bytes;
     const Vector zero = hn::Zero(bytes);
     const int32_t* HWY_RESTRICT pPairs = axis.PairsOf(place);
+    const int32_t iSecond = *pPairs >> 16;
+    if (place.nTaps == 2 && iSecond >= 0 && iSecond < 1 << ResizeAxis::UNIT_BITS)
+        return Between(Load(pBytes), Load(pBytes + nStride), iSecond);
     const auto none = hn::Zero(Sums::longs);
     Sums aSums[4] = {{none, none}, {none, none}, {none, none}, {none, none}};
     for (int i = 0; i < place.nTaps; i += 2, pBytes += 2 * nStride)
