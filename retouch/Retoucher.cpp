@@ -114,6 +114,8 @@ bool CRetoucher::Execute(const std::string& strCommand, std::string& strError)
     if (!(it->iTraits & KEEPS_TRANSFORM))
         EndTransform(true);
     const bool bDone = it->pExecute(*this, strArgument, strError);
+    if (!bDone && !(it->iTraits & TELLS_JOURNAL))
+        winlite::TheJournal().OnCommand(REFUSED_COMMAND);
     Changed();
     return bDone;
 }

@@ -10,6 +10,9 @@
 #include <optional>
 #include <string>
 
+/// What a recorded session says after a command that the program had to refuse.
+inline constexpr const char* REFUSED_COMMAND = "refused";
+
 /// The program without its window: the photo in a view, its tools and history, and everything a person can do with them
 /// as commands of one line of text. Menus, keys, recorded sessions and the tour all come through Execute.
 /// User-interface thread.

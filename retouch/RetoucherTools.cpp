@@ -121,7 +121,8 @@ bool CRetoucher::TakeSelectorSettings(const std::vector<BYTE>& vSettings)
     const auto it = std::ranges::find(RULES, selector.GetSelectOverlapMode(), &Rule::eMode);
     std::string strError;
     return it != std::end(RULES) && Execute(std::string("rule ") + it->pszName, strError) &&
-           Execute("feather " + std::to_string(selector.GetFeatherRadius()), strError);
+           Execute("feather " + std::to_string(selector.GetFeatherRadius()), strError) &&
+           Execute("tolerance " + std::to_string(selector.GetTorlerance()), strError);
 }
 
 // ---- what the view tells

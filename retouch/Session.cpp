@@ -29,10 +29,16 @@ public:
         CViewHost host;
         CRetoucher retoucher(host);
         std::string strError;
+        bool bRefused = false;
         const auto execute = [&](const std::string& strCommand)
         {
+            // What was refused then must be refused now, and nothing else.
+            if (strCommand == REFUSED_COMMAND || bRefused)
+                return std::exchange(bRefused, false) == (strCommand == REFUSED_COMMAND);
             const bool bReplaced = !strPhoto.empty() && strCommand.starts_with("open");
-            return host.Execute(strCommand) || retoucher.Execute(bReplaced ? "open " + strPhoto : strCommand, strError);
+            bRefused =
+                !host.Execute(strCommand) && !retoucher.Execute(bReplaced ? "open " + strPhoto : strCommand, strError);
+            return true;
         };
         try
         {
@@ -42,6 +48,8 @@ public:
         {
             throw std::runtime_error(strError.empty() ? error.what() : error.what() + (": " + strError));
         }
+        if (bRefused)
+            throw std::runtime_error("a command at the end could not be done: " + strError);
         return winlite::WindowPicture(host.m_hWnd);
     }
     const std::string& RecordedEnd() const { return m_player.End(); }

@@ -279,6 +279,20 @@ TEST_F(RetoucherTest, AHiddenOutlineStaysHiddenAndSpaceIsAHand)
     EXPECT_NE(picture(), tinted);
 }
 
+TEST_F(RetoucherTest, TheSelectorsSettingsComeBack)
+{
+    Do("rule subtract");
+    Do("feather 7");
+    Do("tolerance 33");
+    const std::vector<BYTE> vSettings = retoucher.SelectorSettings();
+    CRetoucher other(host);
+    EXPECT_TRUE(other.TakeSelectorSettings(vSettings));
+    EXPECT_EQ(other.RuleName(), "subtract");
+    EXPECT_EQ(other.Feather(), 7);
+    EXPECT_EQ(other.Tolerance(), 33);
+    EXPECT_FALSE(other.TakeSelectorSettings({}));
+}
+
 TEST(TiledSnapshotTest, SnapshotsShareWhatDidNotChange)
 {
     std::mt19937 random(1);
