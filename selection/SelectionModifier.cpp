@@ -3,6 +3,7 @@
 #include "selection/RegionBox.h"
 #include "selection/ScaleRgn.h"
 #include "view/Notifications.h"
+#include "view/Rounding.h"
 
 #include <algorithm>
 #include <cwchar>
@@ -52,7 +53,7 @@ void Offset(CRgn& rgn, CPoint ptOffset)
 /// A side of the length, moved to where all of it is from 0 to the limit; cut off to the limit when it is longer.
 void MoveInside(LONG& iLow, LONG& iHigh, LONG iLimit)
 {
-    const LONG iLength = std::clamp<LONG>(iHigh - iLow, 1, iLimit);
+    const LONG iLength = std::clamp<LONG>(SaturatedSum(iHigh, -static_cast<long long>(iLow)), 1, iLimit);
     iLow = std::clamp<LONG>(iLow, 0, iLimit - iLength);
     iHigh = iLow + iLength;
 }
@@ -113,7 +114,7 @@ bool SelectionModifier::TakeSnapshot()
 
 int SelectionModifier::OnUnload()
 {
-    if (bDragging && pView)
+    if (bDragging)
         ReleaseMouse();
     if (IsHosted())
         pView->Invalidate(FALSE);

@@ -81,10 +81,12 @@ CPoint ImageOrigin(CPixtane& view)
     return {SaturatedSum(0, -static_cast<long long>(ptPos.X)), SaturatedSum(0, -static_cast<long long>(ptPos.Y))};
 }
 
-/// A rectangle moved, but not so far that handles beside it would overflow.
+/// Not so far that a width, or handles beside it, would overflow.
+constexpr int FAR_AWAY = 1 << 29;
+
 CRect Moved(const CRect& rc, CPoint ptBy)
 {
-    const auto moved = [](LONG iEdge, LONG iBy) { return std::clamp(SaturatedSum(iEdge, iBy), -(1 << 30), 1 << 30); };
+    const auto moved = [](LONG iEdge, LONG iBy) { return std::clamp(SaturatedSum(iEdge, iBy), -FAR_AWAY, FAR_AWAY); };
     return {moved(rc.left, ptBy.x), moved(rc.top, ptBy.y), moved(rc.right, ptBy.x), moved(rc.bottom, ptBy.y)};
 }
 
@@ -141,8 +143,8 @@ CRect SelectionModifier::DraggedRect()
     DisplayToImageRect(rc);
     if (iDragMode == 0)
     {
-        rc.right = rc.left + rcImage.Width();
-        rc.bottom = rc.top + rcImage.Height();
+        rc.right = SaturatedSum(rc.left, rcImage.Width());
+        rc.bottom = SaturatedSum(rc.top, rcImage.Height());
     }
     return rc;
 }
@@ -224,7 +226,7 @@ bool SelectionModifier::DragTo(CPoint point)
     if (!IsStillDragging(view))
         return false;
     if (bScrolled)
-        rcDisplay.OffsetRect(-szStep.cx, -szStep.cy);
+        rcDisplay = Moved(rcDisplay, {-szStep.cx, -szStep.cy});
     // Right and bottom are those from before the scroll.
     const CPoint ptOrigin = ImageOrigin(view);
     const CRect rcLimits(ptOrigin.x, ptOrigin.y,
@@ -263,7 +265,7 @@ void SelectionModifier::MoveWithin(const CRect& rcLimits, CPoint point)
 
 void SelectionModifier::ResizeWithin(const CRect& rcLimits, CPoint point)
 {
-    const int iLeast = std::max(Truncate(pView->dbZoom()), 1);
+    const int iLeast = std::clamp(Truncate(pView->dbZoom()), 1, FAR_AWAY);
     const DragMode& mode = HANDLE_MODES[iDragMode - 1];
     if (mode.bLeft)
         rcDisplay.left = LowEdge(point.x, rcLimits.left, rcDisplay.right, iLeast);
@@ -273,6 +275,7 @@ void SelectionModifier::ResizeWithin(const CRect& rcLimits, CPoint point)
         rcDisplay.right = HighEdge(point.x, rcLimits.right, rcDisplay.left, iLeast);
     if (mode.bBottom)
         rcDisplay.bottom = HighEdge(point.y, rcLimits.bottom, rcDisplay.top, iLeast);
+    rcDisplay = Moved(rcDisplay, {0, 0});
 }
 
 int SelectionModifier::OnLButtonUp(UINT, CPoint)

@@ -32,7 +32,7 @@ CPoint CPixtane::IEmbeddedTool::CursorInView() const
 
 void CPixtane::IEmbeddedTool::ReleaseMouse()
 {
-    if (::GetCapture() == pView->m_hWnd)
+    if (IsHosted() && ::GetCapture() == pView->m_hWnd)
         ::ReleaseCapture();
 }
 

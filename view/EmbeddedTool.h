@@ -76,7 +76,7 @@ protected:
     bool IsIn(const CPixtane& view) const { return pView == &view && view.m_hWnd; }
     bool IsHosted() const { return pView && IsIn(*pView); }
 
-    /// The pointer in window coordinates of the view. Hosted tools only, as the next.
+    /// The pointer in window coordinates of the view. Hosted tools only.
     CPoint CursorInView() const;
 
     /// Gives the mouse capture up; another window that has taken it keeps it.

@@ -354,6 +354,16 @@ TEST_F(RegionSelectorTest, AMoveThatIsDisturbedKeepsRegionAndMaskTogether)
     user->Move(At(1, 1));
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "5,2,8,5 ");
     user->Release(At(1, 1));
+    pHost->answer = [&](UINT uCode)
+    {
+        if (uCode == 0x106)
+            pView->UnloadEmbeddedTool();
+        return 0;
+    };
+    user->Wait(600);
+    Select({6, 3}, {5, 3});
+    EXPECT_EQ(pView->pEmbeddedTool(), nullptr);
+    EXPECT_EQ(RectsOf(pView->rgnSelect()), "4,2,7,5 ");
 }
 
 TEST_F(RegionSelectorTest, AShapeThatIsDisturbedLeavesNothingForTheNext)
