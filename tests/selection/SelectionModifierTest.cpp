@@ -192,37 +192,6 @@ TEST_F(SelectionModifierTest, EachHandleMovesItsEdgesAndTheReleaseResamplesTheWe
     }
 }
 
-TEST_F(SelectionModifierTest, MovesKeepTheSizeAndStopAtTheImage)
-{
-    for (const auto& [dbZoom, rcSelected] : ZOOMS)
-    {
-        SCOPED_TRACE(dbZoom);
-        Select(rcSelected, dbZoom);
-        const std::vector<BYTE> vAtLoad = Weights(rcSelected);
-        user->Drag(tool.rcDisplay.CenterPoint(), tool.rcDisplay.CenterPoint() + CPoint(8, -6));
-        EXPECT_EQ(Told(), "N195 N195 ");
-        EXPECT_EQ(tool.Rect().Size(), rcSelected.Size());
-        EXPECT_EQ(Weights(tool.Rect()), vAtLoad);
-        for (const auto& [ptTo, ptCorner] : {std::pair{CPoint(-900, -800), CPoint(0, 0)}, {{3000, 2000}, {CX, CY}}})
-        {
-            for (int i = 0; i < 2; ++i) // The second time from the border itself.
-            {
-                user->Wait(600);
-                user->Press(Middle(tool.rcDisplay));
-                user->Move(ptTo);
-                user->Release(ptTo);
-            }
-            const CRect rc = tool.Rect();
-            EXPECT_EQ(ptCorner.x ? CPoint(rc.right, rc.bottom) : CPoint(rc.left, rc.top), ptCorner);
-            EXPECT_EQ(Weights(rc), vAtLoad);
-        }
-    }
-    Select({150, 110, 250, 190});
-    user->Click({5, 5});
-    EXPECT_EQ(Told(), "") << "a press beside the frame takes hold of it too, but a click changes nothing";
-    EXPECT_EQ(tool.rcDisplay, CRect(92, 52, 192, 132)) << "the bars take room";
-}
-
 TEST_F(SelectionModifierTest, EveryStepOfADragFollowsTheRule)
 {
     std::mt19937 random(5);
@@ -233,7 +202,10 @@ TEST_F(SelectionModifierTest, EveryStepOfADragFollowsTheRule)
         for (int i = 0; i < 45; ++i)
         {
             const int iMode = i % 9;
+            // In a view narrower than its two edges the right one decides.
+            pView->MoveWindow(0, 0, dbZoom == 8 && i >= 36 ? 47 : 300, 200);
             Select(rcSelected, dbZoom);
+            const std::vector<BYTE> vAtLoad = Weights(rcSelected);
             const auto it = std::ranges::find(HANDLES, iMode, &Handle::iMode);
             const CPoint ptPress = iMode ? Middle(tool.rcHandle[it->nPlace]) : tool.rcDisplay.CenterPoint();
             user->Press(ptPress);
@@ -294,30 +266,10 @@ TEST_F(SelectionModifierTest, EveryStepOfADragFollowsTheRule)
             EXPECT_TRUE(rcEnd.left >= 0 && rcEnd.top >= 0 && rcEnd.right <= CX && rcEnd.bottom <= CY);
             EXPECT_EQ(Selected(), Inside(rcEnd));
             EXPECT_GT(Selected(), 0);
+            EXPECT_TRUE(iMode || Weights(rcEnd) == vAtLoad) << "a move keeps the weights";
         }
     }
     EXPECT_GT(nScrolls, 500);
-}
-
-TEST_F(SelectionModifierTest, TheSidesThatStandStillFollowTheStepAskedFor)
-{
-    Select({199, 149, 200, 150}, 8);
-    pView->SetDispPosition(CX * 8 - 283 - 7, pView->ptDispPos().Y);
-    tool.rcDisplay = {100, 100, 150, 150};
-    user->Press({200, 30});
-    tool.iDragMode = 7;
-    user->Move({275, 90});
-    EXPECT_EQ(pView->ptDispPos().X, CX * 8 - 283);
-    EXPECT_EQ(tool.rcDisplay, CRect(88, 100, 276, 150)) << "7 pixels were left, 12 asked for";
-    EXPECT_EQ(Told(), "N192 N192 ");
-    user->Release({275, 90});
-    pHost->MoveWindow(10, 20, 47, 200);
-    pView->MoveWindow(0, 0, 47, 200);
-    pView->SetDispPosition(500, 500);
-    user->Press({25, 90}); // in a view 30 pixels wide
-    user->Move({15, 90});
-    EXPECT_EQ(pView->ptDispPos().X, CX * 8 - 30);
-    user->Release({15, 90});
 }
 
 TEST_F(SelectionModifierTest, HandlesLieOnTheFrameAndCornersComeFirst)
@@ -398,6 +350,10 @@ TEST_F(SelectionModifierTest, EveryResizeStartsFromTheWeightsAtLoad)
     tool.CancelModify();
     EXPECT_EQ(Box(), rcSelected);
     EXPECT_EQ(Selected(), 2000) << "the weights stay";
+    user->Wait(600);
+    user->Click({5, 5});
+    EXPECT_EQ(Told(), "N194 N195 N195 ")
+        << "a press beside the frame takes hold of it too, but a click changes nothing";
     EXPECT_EQ(tool.Rect(), CRect(155, 110, 205, 150));
 }
 
