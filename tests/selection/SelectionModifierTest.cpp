@@ -203,7 +203,8 @@ TEST_F(SelectionModifierTest, EveryStepOfADragFollowsTheRule)
         {
             const int iMode = i % 9;
             // In a view narrower than its two edges the right one decides.
-            pView->MoveWindow(0, 0, dbZoom == 8 && i >= 36 ? 47 : 300, 200);
+            const bool bNarrow = dbZoom == 8 && i >= 36;
+            pView->MoveWindow(0, 0, bNarrow ? 47 : 300, 200);
             Select(rcSelected, dbZoom);
             const std::vector<BYTE> vAtLoad = Weights(rcSelected);
             const auto it = std::ranges::find(HANDLES, iMode, &Handle::iMode);
@@ -257,7 +258,8 @@ TEST_F(SelectionModifierTest, EveryStepOfADragFollowsTheRule)
             };
             for (int j = 0; j < 4; ++j)
             {
-                pt = j % 2 ? CPoint(within(20, 260), within(20, 160)) : CPoint(within(-30, 330), within(-30, 230));
+                pt = j % 2 ? CPoint(within(20, 260), within(20, 160))
+                           : CPoint(within(-30, bNarrow ? 30 : 330), within(-30, 230));
                 user->Move(pt);
             }
             pHost->answer = {};
