@@ -3,11 +3,11 @@
 #include "retouch/Retoucher.h"
 #include "user/Window.h"
 
-#include <array>
 #include <QMainWindow>
 
 class CChoiceGroup;
 class CPixtaneWidget;
+class CTransformBar;
 class QLabel;
 class QMenu;
 class QSpinBox;
@@ -43,8 +43,6 @@ private:
     void MakePalette();
     void MakeOptionsBar();
     void MakeTransformBar();
-    void SendTransform();
-    void RefreshTransform();
     void MakeStatusBar();
     void RestoreSettings();
     void KeepSettings();
@@ -83,8 +81,7 @@ private:
     CChoiceGroup* m_pTools = nullptr;
     CChoiceGroup* m_pRules = nullptr;
     QToolBar* m_pOptions = nullptr;
-    QToolBar* m_pTransform = nullptr;           ///< In the options' place while the selection is being transformed.
-    std::array<QSpinBox*, 4> m_vTransform = {}; ///< Left, top, width and height.
+    CTransformBar* m_pTransform = nullptr; ///< In the options' place while the selection is being transformed.
     QSpinBox* m_pFeather = nullptr;
     QSpinBox* m_pTolerance = nullptr;
     bool m_bRefreshing = false; ///< The bars follow the program, not the person.

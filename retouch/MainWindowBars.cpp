@@ -2,6 +2,7 @@
 #include "retouch/BrightnessDialog.h"
 #include "retouch/CommandBar.h"
 #include "retouch/MainWindow.h"
+#include "retouch/TransformBar.h"
 
 #include <algorithm>
 #include <QInputDialog>
@@ -165,72 +166,18 @@ void CMainWindow::MakeOptionsBar()
 
 void CMainWindow::MakeTransformBar()
 {
-    m_pTransform = new QToolBar(tr("Transform"), this);
-    m_pTransform->setMovable(false);
+    m_pTransform = new CTransformBar(this,
+                                     [this](const std::string& strCommand)
+                                     {
+                                         Execute(strCommand);
+                                         if (!m_retoucher.IsTransforming())
+                                             m_pView->setFocus();
+                                     });
     addToolBar(Qt::TopToolBarArea, m_pTransform);
-    const QString vLabels[] = {tr(" &X "), tr("  &Y "), tr("  &Width "), tr("  &Height ")};
-    for (std::size_t i = 0; i < m_vTransform.size(); ++i)
-    {
-        auto* const pLabel = new QLabel(vLabels[i], m_pTransform);
-        QSpinBox* const pNumber = m_vTransform[i] = new QSpinBox(m_pTransform);
-        pNumber->setSuffix(tr(" px"));
-        pNumber->setKeyboardTracking(false);
-        pLabel->setBuddy(pNumber);
-        m_pTransform->addWidget(pLabel);
-        m_pTransform->addWidget(pNumber);
-        connect(pNumber, &QSpinBox::valueChanged, this, &CMainWindow::SendTransform);
-    }
-    m_pTransform->addSeparator();
-    QAction* const pApply = m_pTransform->addAction(tr("Apply"), this,
-                                                    [this]
-                                                    {
-                                                        for (QSpinBox* const pNumber : m_vTransform)
-                                                            pNumber->interpretText(); // What is being typed counts.
-                                                        Execute("apply-transform");
-                                                        m_pView->setFocus();
-                                                    });
-    pApply->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
-    QAction* const pCancel = m_pTransform->addAction(tr("Cancel"), this,
-                                                     [this]
-                                                     {
-                                                         Execute("cancel-transform");
-                                                         m_pView->setFocus();
-                                                     });
-    pCancel->setShortcut(QKeySequence(Qt::Key_Escape));
     // The picture stays where it is when one bar takes the other's place.
     const int cy = std::max(m_pOptions->sizeHint().height(), m_pTransform->sizeHint().height());
     m_pOptions->setFixedHeight(cy);
     m_pTransform->setFixedHeight(cy);
-}
-
-void CMainWindow::SendTransform()
-{
-    if (m_bRefreshing)
-        return;
-    std::string strCommand = "transform-to";
-    for (const QSpinBox* const pNumber : m_vTransform)
-        strCommand += " " + std::to_string(pNumber->value());
-    Execute(strCommand);
-}
-
-void CMainWindow::RefreshTransform()
-{
-    const bool bTransforming = m_retoucher.IsTransforming();
-    m_pOptions->setVisible(!bTransforming);
-    m_pTransform->setVisible(bTransforming);
-    for (QAction* const pAction : m_pTransform->actions())
-        pAction->setEnabled(bTransforming);
-    if (!bTransforming)
-        return;
-    const CPhoto& photo = *m_retoucher.Photo();
-    const CRect rc = m_retoucher.TransformRect();
-    const int vMost[] = {photo.Width() - 1, photo.Height() - 1, photo.Width(), photo.Height()};
-    const int vNow[] = {rc.left, rc.top, rc.Width(), rc.Height()};
-    for (std::size_t i = 0; i < m_vTransform.size(); ++i)
-    {
-        m_vTransform[i]->setRange(i < 2 ? 0 : 1, vMost[i]);
-        m_vTransform[i]->setValue(vNow[i]);
-    }
 }
 
 QSpinBox* CMainWindow::AddNumber(QToolBar& bar, const QString& strLabel, int iMost, const QString& strSuffix,
@@ -285,8 +232,12 @@ void CMainWindow::Refresh()
     m_pTolerance->setValue(m_retoucher.Tolerance());
     m_pHintLabel->setText(m_retoucher.IsPickingColour() ? tr("Click the colour in the picture")
                                                         : HintFor(m_retoucher.ToolName()));
-    RefreshTransform();
-    const CRect rcBox = m_retoucher.IsTransforming() ? m_retoucher.TransformRect() : m_retoucher.SelectionBox();
+    const bool bTransforming = m_retoucher.IsTransforming();
+    m_pOptions->setVisible(!bTransforming);
+    m_pTransform->SetUsable(bTransforming);
+    const CRect rcBox = bTransforming ? m_retoucher.TransformRect() : m_retoucher.SelectionBox();
+    if (bTransforming)
+        m_pTransform->Show(rcBox, {m_retoucher.Photo()->Width(), m_retoucher.Photo()->Height()});
     m_pSelectionLabel->setText(rcBox.IsRectEmpty() ? QString()
                                                    : tr("Selection %1 \u00D7 %2 at %3, %4")
                                                          .arg(rcBox.Width())

@@ -1,0 +1,68 @@
+#include "retouch/TransformBar.h"
+
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <QSpinBox>
+
+CTransformBar::CTransformBar(QWidget* pParent, std::function<void(const std::string& strCommand)> execute)
+    : QToolBar(tr("Transform"), pParent), m_Execute(std::move(execute))
+{
+    setMovable(false);
+    const QString vLabels[] = {tr(" &X "), tr("  &Y "), tr("  &Width "), tr("  &Height ")};
+    for (std::size_t i = 0; i < m_vNumbers.size(); ++i)
+    {
+        auto* const pLabel = new QLabel(vLabels[i], this);
+        QSpinBox* const pNumber = m_vNumbers[i] = new QSpinBox(this);
+        pNumber->setSuffix(tr(" px"));
+        pNumber->setKeyboardTracking(false);
+        pLabel->setBuddy(pNumber);
+        addWidget(pLabel);
+        addWidget(pNumber);
+        connect(pNumber, &QSpinBox::valueChanged, this, &CTransformBar::Send);
+    }
+    addSeparator();
+    AddEnd(tr("Apply"), "apply-transform", {QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+    AddEnd(tr("Cancel"), "cancel-transform", {QKeySequence(Qt::Key_Escape)});
+}
+
+void CTransformBar::AddEnd(const QString& strText, const std::string& strCommand, const QList<QKeySequence>& vKeys)
+{
+    QAction* const pAction = addAction(strText);
+    pAction->setShortcuts(vKeys);
+    connect(pAction, &QAction::triggered, this,
+            [this, strCommand]
+            {
+                for (QSpinBox* const pNumber : m_vNumbers)
+                    pNumber->interpretText(); // What is being typed counts.
+                m_Execute(strCommand);
+            });
+}
+
+void CTransformBar::Send()
+{
+    if (m_bShowing)
+        return;
+    std::string strCommand = "transform-to";
+    for (const QSpinBox* const pNumber : m_vNumbers)
+        strCommand += " " + std::to_string(pNumber->value());
+    m_Execute(strCommand);
+}
+
+void CTransformBar::Show(const CRect& rc, CSize szPhoto)
+{
+    const QScopedValueRollback<bool> showing(m_bShowing, true);
+    const int vMost[] = {szPhoto.cx - 1, szPhoto.cy - 1, szPhoto.cx, szPhoto.cy};
+    const int vNow[] = {rc.left, rc.top, rc.Width(), rc.Height()};
+    for (std::size_t i = 0; i < m_vNumbers.size(); ++i)
+    {
+        m_vNumbers[i]->setRange(i < 2 ? 0 : 1, vMost[i]);
+        m_vNumbers[i]->setValue(vNow[i]);
+    }
+}
+
+void CTransformBar::SetUsable(bool bUsable)
+{
+    setVisible(bUsable);
+    for (QAction* const pAction : actions())
+        pAction->setEnabled(bUsable);
+}
