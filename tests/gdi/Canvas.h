@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <ostream>
 #include <random>
+#include <string>
 #include <vector>
 
 inline bool operator==(const RECT& rcOne, const RECT& rcOther)
@@ -60,6 +61,23 @@ public:
     HDC hDC;
     std::vector<RECT> vDamage;
 };
+
+using Rows = std::vector<std::string>;
+
+/// The canvas as text: pen #, brush +, background o, untouched a point, anything else a question mark.
+inline Rows TextOf(const Canvas& canvas)
+{
+    Rows vRows;
+    const Picture picture = canvas.Pixels();
+    for (std::size_t i = 0; i < picture.size(); ++i)
+    {
+        if (i % static_cast<std::size_t>(canvas.pSurface->Width()) == 0)
+            vRows.emplace_back();
+        const std::uint32_t u = picture[i];
+        vRows.back() += u == 0xC00000 ? '#' : u == 0x00C000 ? '+' : u == 0x0000C0 ? 'o' : u == 0 ? '.' : '?';
+    }
+    return vRows;
+}
 
 /// Numbers that are the same on every run.
 class Dice

@@ -8,9 +8,7 @@ using namespace Gdiplus;
 namespace
 {
 
-class GdiPlusTest : public GdiPlusStarted
-{
-};
+using GdiPlusTest = GdiPlusStarted;
 
 BITMAPINFO Info(int cx, int cy) { return {{40, cx, cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}}; }
 

@@ -146,16 +146,6 @@ TEST_F(GdiPlusTextTest, TextStandsBesideItsPointAsAligned)
     }
 }
 
-TEST_F(GdiPlusTextTest, AHaloGrowsTheTextByOnePixelEachWay)
-{
-    const Font font(FontFamily::GenericSansSerif(), 12, FontStyleBold, UnitPixel);
-    const SolidBrush brush(Color(255, 200, 0, 0));
-    const RECT rcText = Drawn(L"(1234)", {20, 20});
-    for (const PointF& ptOffset : {PointF(-1, 0), PointF(1, 0), PointF(0, -1), PointF(0, 1)})
-        Graphics(m_pCanvas->hDC).DrawString(L"(1234)", -1, &font, {20 + ptOffset.X, 20 + ptOffset.Y}, &brush);
-    EXPECT_EQ(ChangedBox(), (RECT{rcText.left - 1, rcText.top - 1, rcText.right + 1, rcText.bottom + 1}));
-}
-
 TEST_F(GdiPlusTextTest, DrawingStaysInTheClipAndIsReported)
 {
     const RECT rcWhole = Drawn(L"HHHH", {20, 20});

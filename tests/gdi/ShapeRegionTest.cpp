@@ -1,14 +1,11 @@
 #include "Canvas.h"
 
 #include <algorithm>
-#include <string>
 
 using winlite::Region;
 
 namespace
 {
-
-using Rows = std::vector<std::string>;
 
 /// The region of a new handle, which is deleted.
 Region Taken(HRGN hRgn)
