@@ -1,8 +1,6 @@
 #include "support/TestView.h"
 
-class BitmapTest : public CViewTest
-{
-};
+using BitmapTest = CViewTest;
 
 TEST_F(BitmapTest, RefusedBitmapsChangeNothing)
 {

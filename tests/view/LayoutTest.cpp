@@ -3,9 +3,7 @@
 #include <cmath>
 #include <limits>
 
-class LayoutTest : public CViewTest
-{
-};
+using LayoutTest = CViewTest;
 
 TEST_F(LayoutTest, BarsPositionAndDrawingRectanglesFollowImageZoomAndView)
 {
@@ -14,49 +12,24 @@ TEST_F(LayoutTest, BarsPositionAndDrawingRectanglesFollowImageZoomAndView)
         const char* pszWhat;
         CSize szImage;
         double dZoom;
-        CSize szView;
         BOOL bHorz, bVert;
         Gdiplus::Point ptDispPos;
         CRect rcDest;
         Gdiplus::RectF rcSrc;
     } vCases[] = {
-        {"smaller than the view", {100, 80}, 1, {300, 200}, 0, 0, {-100, -60}, {100, 60, 200, 140}, {0, 0, 100, 80}},
-        {"as large as the view", {300, 200}, 1, {300, 200}, 0, 0, {0, 0}, {0, 0, 300, 200}, {0, 0, 300, 200}},
-        {"odd margin rounds away from zero",
-         {101, 80},
-         1,
-         {300, 200},
-         0,
-         0,
-         {-100, -60},
-         {100, 60, 201, 140},
-         {0, 0, 101, 80}},
-        {"both bars; zoomed about the centre",
-         {100, 80},
-         4,
-         {300, 200},
-         1,
-         1,
-         {24, 34},
-         {0, 0, 283, 183},
-         {6, 8.5f, 70.75f, 45.75f}},
-        {"wide only", {400, 100}, 1, {300, 200}, 1, 0, {0, -42}, {0, 42, 300, 142}, {0, 0, 300, 100}},
-        {"tall only", {100, 400}, 1, {300, 200}, 0, 1, {-92, 0}, {92, 0, 192, 200}, {0, 0, 100, 200}},
-        {"one bar forces the other", {301, 190}, 1, {300, 200}, 1, 1, {0, 0}, {0, 0, 283, 183}, {0, 0, 283, 183}},
-        {"a fraction over needs no bar",
-         {150, 100},
-         2.005,
-         {300, 200},
-         0,
-         0,
-         {0, 0},
-         {0, 0, 300, 200},
-         {0, 0, 150, 100}},
+        {"smaller than the view", {100, 80}, 1, 0, 0, {-100, -60}, {100, 60, 200, 140}, {0, 0, 100, 80}},
+        {"as large as the view", {300, 200}, 1, 0, 0, {0, 0}, {0, 0, 300, 200}, {0, 0, 300, 200}},
+        {"odd margin rounds away from 0", {101, 80}, 1, 0, 0, {-100, -60}, {100, 60, 201, 140}, {0, 0, 101, 80}},
+        {"zoomed about the centre", {100, 80}, 4, 1, 1, {24, 34}, {0, 0, 283, 183}, {6, 8.5f, 70.75f, 45.75f}},
+        {"wide only", {400, 100}, 1, 1, 0, {0, -42}, {0, 42, 300, 142}, {0, 0, 300, 100}},
+        {"tall only", {100, 400}, 1, 0, 1, {-92, 0}, {92, 0, 192, 200}, {0, 0, 100, 200}},
+        {"one bar forces the other", {301, 190}, 1, 1, 1, {0, 0}, {0, 0, 283, 183}, {0, 0, 283, 183}},
+        {"a fraction over needs no bar", {150, 100}, 2.005, 0, 0, {0, 0}, {0, 0, 300, 200}, {0, 0, 150, 100}},
     };
     for (const auto& c : vCases)
     {
         SCOPED_TRACE(c.pszWhat);
-        Open(c.szView.cx, c.szView.cy);
+        Open(300, 200);
         CTestBitmap bitmap(c.szImage.cx, c.szImage.cy);
         ASSERT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
         ASSERT_TRUE(c.dZoom == 1 || pView->SetZoom(c.dZoom));

@@ -99,12 +99,3 @@ TEST_F(PaintTest, TheCornerBetweenTheBarsHasTheButtonColour)
         EXPECT_EQ(PixelOf(picture, pt.x, pt.y), 0xF0F0F0u);
     EXPECT_EQ(PixelOf(picture, 300 - BAR - 1, 200 - BAR - 1), bitmap.At(300 - BAR - 1, 200 - BAR - 1));
 }
-
-TEST_F(PaintTest, TheScreenIsRightAtOnceAfterEachOperation)
-{
-    CTestBitmap bitmap = CTestBitmap::Numbered(100, 80);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
-    EXPECT_EQ(PixelOf(winlite::WindowPicture(pHost->m_hWnd), 100, 60), bitmap.At(0, 0));
-    pView->SetZoom(2);
-    EXPECT_EQ(PixelOf(winlite::WindowPicture(pHost->m_hWnd), 50, 20), bitmap.At(0, 0));
-}
