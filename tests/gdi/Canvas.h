@@ -1,23 +1,12 @@
 #pragma once
 
 #include "gdi/Handles.h"
+#include "support/Rects.h"
 
 #include <gtest/gtest.h>
-#include <ostream>
 #include <random>
 #include <string>
 #include <vector>
-
-inline bool operator==(const RECT& rcOne, const RECT& rcOther)
-{
-    return rcOne.left == rcOther.left && rcOne.top == rcOther.top && rcOne.right == rcOther.right &&
-           rcOne.bottom == rcOther.bottom;
-}
-
-inline void PrintTo(const RECT& rc, std::ostream* pStream)
-{
-    *pStream << '{' << rc.left << ", " << rc.top << ", " << rc.right << ", " << rc.bottom << '}';
-}
 
 /// A test that must leave as many handles as it found.
 class HandleTest : public testing::Test
