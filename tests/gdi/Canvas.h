@@ -12,7 +12,7 @@
 class HandleTest : public testing::Test
 {
 protected:
-    void TearDown() override { EXPECT_EQ(winlite::OpenHandleCount(), m_nHandles); }
+    ~HandleTest() override { EXPECT_EQ(winlite::OpenHandleCount(), m_nHandles); }
 
 private:
     std::size_t m_nHandles = winlite::OpenHandleCount();

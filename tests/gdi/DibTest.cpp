@@ -44,12 +44,7 @@ struct TestDib
 class DibTest : public HandleTest
 {
 protected:
-    void TearDown() override
-    {
-        EXPECT_TRUE(DrawDibClose(m_hDrawDib));
-        EXPECT_FALSE(DrawDibClose(m_hDrawDib));
-        HandleTest::TearDown();
-    }
+    ~DibTest() override { EXPECT_TRUE(DrawDibClose(m_hDrawDib) && !DrawDibClose(m_hDrawDib)); }
 
     HDRAWDIB m_hDrawDib = DrawDibOpen();
 };

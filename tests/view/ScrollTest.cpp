@@ -1,5 +1,7 @@
 #include "support/TestView.h"
 
+#include <tuple>
+
 class ScrollTest : public CViewTest
 {
 protected:
@@ -22,14 +24,9 @@ TEST_F(ScrollTest, BarsHoldRangePageAndPosition)
     pView->SetZoom(1.5); // 601.5 x 480
     pView->SetDispPosition(33, 44);
     const SCROLLINFO horz = InfoOf(pView->m_sbHorz);
-    EXPECT_EQ(horz.nMin, 0);
-    EXPECT_EQ(horz.nMax, 602);
-    EXPECT_EQ(horz.nPage, 284u);
-    EXPECT_EQ(horz.nPos, 33);
+    EXPECT_EQ(std::tuple(horz.nMin, horz.nMax, horz.nPage, horz.nPos), std::tuple(0, 602, 284u, 33));
     const SCROLLINFO vert = InfoOf(pView->m_sbVert);
-    EXPECT_EQ(vert.nMax, 480);
-    EXPECT_EQ(vert.nPage, 184u);
-    EXPECT_EQ(vert.nPos, 44);
+    EXPECT_EQ(std::tuple(vert.nMin, vert.nMax, vert.nPage, vert.nPos), std::tuple(0, 480, 184u, 44));
 }
 
 TEST_F(ScrollTest, EachCodeMovesAsFarAsItShould)
