@@ -4,8 +4,7 @@ using CoordinatesTest = CViewTest;
 
 TEST_F(CoordinatesTest, WindowPointsAndBitmapPixels)
 {
-    CTestBitmap bitmap(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     const struct
     {
         double dZoom;
@@ -39,8 +38,7 @@ TEST_F(CoordinatesTest, HugeValuesSaturateAndAnEmptyViewConvertsNothing)
     pView->FromWndToBitmap(pt);
     pView->FromBitmapToWnd(pt);
     EXPECT_EQ(pt, CPoint(5, 6));
-    CTestBitmap bitmap(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     pView->SetZoom(1e9);
     pt = CPoint(2147483647, -2147483647);
     pView->FromBitmapToWnd(pt);

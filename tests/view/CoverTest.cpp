@@ -26,8 +26,7 @@ TEST_F(CoverTest, PreviewFreezesThePicture)
 
 TEST_F(CoverTest, TheSnapshotIsABottomUpBitmapOfTheShownPart)
 {
-    CTestBitmap bitmap = CTestBitmap::Numbered(100, 80);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    CTestBitmap& bitmap = Show(100, 80);
     ASSERT_TRUE(pView->EnterPreviewMode());
     EXPECT_EQ(pView->rcCoverBmp(), CRect(100, 60, 200, 140));
     const BITMAPINFOHEADER& header = pView->CoverBmpInfo().bmiHeader;
@@ -64,8 +63,7 @@ TEST_F(CoverTest, ACoverInImageCoordinatesFollowsZoomAndPosition)
 
 TEST_F(CoverTest, CoversWithoutEnoughPixelsShowTheBackground)
 {
-    CTestBitmap bitmap = CTestBitmap::Numbered(100, 80);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    CTestBitmap& bitmap = Show(100, 80);
     pView->CoverBmpInfo() = bitmap.info;
     for (const std::size_t nBytes : {std::size_t{0}, bitmap.vBits.size() - 1})
     {
@@ -84,8 +82,7 @@ TEST_F(CoverTest, CoversWithoutEnoughPixelsShowTheBackground)
 
 TEST_F(CoverTest, AMovedSnapshotStaysInsideTheWindow)
 {
-    CTestBitmap bitmap = CTestBitmap::Numbered(100, 80);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    CTestBitmap& bitmap = Show(100, 80);
     ASSERT_TRUE(pView->EnterPreviewMode());
     for (const CRect rc : {CRect(-50, -50, 50, 30), CRect(250, 150, 350, 230), CRect(5, 5, 5, 5), CRect(90, 90, 10, 10),
                            CRect(0, 0, 100000, 100000)})
@@ -119,8 +116,7 @@ TEST_F(CoverTest, TheDisplayImageIsWhatTheScreenShowsAndNeverStainsIt)
     for (const auto& c : vCases)
     {
         Open(c.szView.cx, c.szView.cy);
-        CTestBitmap bitmap = CTestBitmap::Numbered(c.szImage.cx, c.szImage.cy, c.iBitsPixel);
-        pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+        Show(c.szImage.cx, c.szImage.cy, c.iBitsPixel);
         EXPECT_FALSE(pView->GetCurDisplayImage(nullptr, vData, info));
         pView->SetZoom(c.dZoom);
         pView->SetDispPosition(31, 47);

@@ -30,8 +30,7 @@ TEST_F(LayoutTest, BarsPositionAndDrawingRectanglesFollowImageZoomAndView)
     {
         SCOPED_TRACE(c.pszWhat);
         Open(300, 200);
-        CTestBitmap bitmap(c.szImage.cx, c.szImage.cy);
-        ASSERT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
+        Show(c.szImage.cx, c.szImage.cy);
         ASSERT_TRUE(c.dZoom == 1 || pView->SetZoom(c.dZoom));
         EXPECT_EQ(pView->m_bHScrollShown, c.bHorz);
         EXPECT_EQ(pView->m_bVScrollShown, c.bVert);
@@ -45,8 +44,7 @@ TEST_F(LayoutTest, BarsPositionAndDrawingRectanglesFollowImageZoomAndView)
 
 TEST_F(LayoutTest, TheSmallerSideKeepsOneDisplayPixel)
 {
-    CTestBitmap bitmap(1000, 10);
-    ASSERT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
+    Show(1000, 10);
     for (const double dZoom : {0.01, 0.0, -3.0, -std::numeric_limits<double>::infinity()})
     {
         EXPECT_TRUE(pView->SetZoom(dZoom));
@@ -58,8 +56,7 @@ TEST_F(LayoutTest, TheSmallerSideKeepsOneDisplayPixel)
 TEST_F(LayoutTest, ZoomsThatAreNoNumberAreRefusedAndHugeOnesSurvive)
 {
     EXPECT_FALSE(pView->SetZoom(2)); // no bitmap
-    CTestBitmap bitmap = CTestBitmap::Numbered(100, 80);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    CTestBitmap& bitmap = Show(100, 80);
     pView->SetZoom(3);
     EXPECT_FALSE(pView->SetZoom(std::nan("")));
     EXPECT_EQ(pView->GetZoom(), 3);
@@ -78,8 +75,7 @@ TEST_F(LayoutTest, ZoomsThatAreNoNumberAreRefusedAndHugeOnesSurvive)
 
 TEST_F(LayoutTest, ZoomingKeepsTheImagePointAtTheCentre)
 {
-    CTestBitmap bitmap(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     pView->SetDispPosition(400, 300);
     pView->SetZoom(2);
     // The centre of the 283 x 183 area showed image point (541.5, 391.5).
@@ -91,8 +87,7 @@ TEST_F(LayoutTest, ZoomingKeepsTheImagePointAtTheCentre)
 
 TEST_F(LayoutTest, PositionsAreLimitedToTheImage)
 {
-    CTestBitmap bitmap(400, 320);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(400, 320);
     const struct
     {
         int x, y;
@@ -118,8 +113,7 @@ TEST_F(LayoutTest, PositionsAreLimitedToTheImage)
 
 TEST_F(LayoutTest, ForbiddenBarsGiveTheWholeClientArea)
 {
-    CTestBitmap bitmap(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     pView->ShowScrollBar(FALSE);
     EXPECT_FALSE(pView->m_sbHorz.IsWindowVisible() || pView->m_sbVert.IsWindowVisible());
     CRect rcView;
@@ -133,8 +127,7 @@ TEST_F(LayoutTest, ForbiddenBarsGiveTheWholeClientArea)
 
 TEST_F(LayoutTest, SizeChangesLayOutAgainAndTinyWindowsAreSafe)
 {
-    CTestBitmap bitmap = CTestBitmap::Numbered(200, 150);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    CTestBitmap& bitmap = Show(200, 150);
     for (const CSize sz :
          {CSize(120, 100), CSize(0, 0), CSize(1, 300), CSize(300, 1), CSize(10, 10), CSize(17, 17), CSize(300, 200)})
     {
@@ -149,8 +142,7 @@ TEST_F(LayoutTest, SizeChangesLayOutAgainAndTinyWindowsAreSafe)
 
 TEST_F(LayoutTest, NothingIsLaidOutWhileTheMainWindowIsMinimised)
 {
-    CTestBitmap bitmap(400, 320);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(400, 320);
     pHost->ShowWindow(SW_MINIMIZE);
     Pump();
     const int nPaints = pView->nPaints;

@@ -19,8 +19,7 @@ protected:
 
 TEST_F(ScrollTest, BarsHoldRangePageAndPosition)
 {
-    CTestBitmap bitmap(401, 320);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(401, 320);
     pView->SetZoom(1.5); // 601.5 x 480
     pView->SetDispPosition(33, 44);
     const SCROLLINFO horz = InfoOf(pView->m_sbHorz);
@@ -31,8 +30,7 @@ TEST_F(ScrollTest, BarsHoldRangePageAndPosition)
 
 TEST_F(ScrollTest, EachCodeMovesAsFarAsItShould)
 {
-    CTestBitmap bitmap(1000, 800); // positions up to 717 and 617
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800); // positions up to 717 and 617
     const struct
     {
         int iFrom, iCode, iPos, iTo;
@@ -64,8 +62,7 @@ TEST_F(ScrollTest, EachCodeMovesAsFarAsItShould)
 
 TEST_F(ScrollTest, TheVerticalBarMovesTheOtherAxis)
 {
-    CTestBitmap bitmap(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     pView->SetDispPosition(50, 60);
     Send(WM_VSCROLL, pView->m_sbVert, SB_PAGEDOWN);
     EXPECT_EQ(pView->ptDispPos(), Gdiplus::Point(50, 60 + 184));
@@ -77,8 +74,7 @@ TEST_F(ScrollTest, WildMessagesDoNothing)
 {
     pView->SendMessage(WM_HSCROLL, MAKEWPARAM(SB_LINERIGHT, 0), 0); // no bar, no bitmap
     Send(WM_VSCROLL, pView->m_sbVert, SB_PAGEDOWN);
-    CTestBitmap bitmap(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     pView->SetDispPosition(50, 60);
     for (const LPARAM lBar : {LPARAM{0}, LPARAM{12345}, reinterpret_cast<LPARAM>(pView->m_hWnd)})
         pView->SendMessage(WM_HSCROLL, MAKEWPARAM(SB_PAGERIGHT, 65535), lBar);
