@@ -124,30 +124,28 @@ TEST_F(DrawTest, DashesRunOnUntilTheNextMove)
 
 TEST_F(DrawTest, RectanglesAreOutlinedOnceAndFilledWithin)
 {
-    const struct
+    Dice dice;
+    for (int iRound = 0; iRound < 600; ++iRound)
     {
-        int iStyle, iWidth;
-        RECT rc;
-        Rows vRows;
-    } vCases[] = {
-        {PS_SOLID, 1, {5, 4, 1, 1}, {"......", ".####.", ".#++#.", ".####."}},
-        {PS_NULL, 1, {1, 1, 5, 4}, {"......", ".+++..", ".+++..", "......"}},
-        {PS_SOLID, 2, {1, 1, 6, 6}, {"######.", "######.", "##++##.", "##++##.", "######.", "######.", "......."}},
-        {PS_SOLID, 1, {1, 1, 2, 2}, {"...", "...", "..."}},
-        {PS_SOLID, 1, {1, 0, 1, 3}, {"...", "...", "..."}},
-        {PS_SOLID, 1, {1, 0, 2, 3}, {".#.", ".#.", ".#."}},
-        {PS_SOLID, 1, {0, 1, 3, 2}, {"...", "###", "..."}},
-        {PS_SOLID, 1, {-9, -9, 2, 2}, {"+#.", "##.", "..."}},
-    };
-    for (const auto& test : vCases)
-    {
-        // XOR on black shows what is drawn twice.
-        Easel easel(static_cast<int>(test.vRows[0].size()), static_cast<int>(test.vRows.size()), test.iStyle,
-                    test.iWidth);
+        const int iWidth = dice.Roll(0, 3); // 0: no pen
+        const RECT rc = dice.Rect(-3, 10, 10);
+        Easel easel(12, 12, iWidth ? PS_SOLID : PS_NULL, iWidth);
         easel.UseBrush();
-        SetROP2(easel.hDC, R2_XORPEN);
-        EXPECT_TRUE(Rectangle(easel.hDC, test.rc.left, test.rc.top, test.rc.right, test.rc.bottom));
-        EXPECT_EQ(TextOf(easel), test.vRows) << testing::PrintToString(test.rc);
+        SetROP2(easel.hDC, R2_XORPEN); // XOR on black shows what is drawn twice.
+        EXPECT_TRUE(iRound % 2 ? Rectangle(easel.hDC, rc.left, rc.bottom, rc.right, rc.top)
+                               : Rectangle(easel.hDC, rc.right, rc.top, rc.left, rc.bottom));
+        const int nBefore = iWidth ? iWidth / 2 : 0;
+        const int nAfter = iWidth ? (iWidth - 1) / 2 : -1;
+        const bool bDrawn = (rc.right - rc.left) * (rc.bottom - rc.top) > 1;
+        const Region rgnOuter(RECT{rc.left - nBefore, rc.top - nBefore, rc.right + nAfter, rc.bottom + nAfter});
+        const Region rgnInner(
+            RECT{rc.left + nAfter + 1, rc.top + nAfter + 1, rc.right - nBefore - 1, rc.bottom - nBefore - 1});
+        Picture expected(12 * 12);
+        for (int i = 0; bDrawn && i < 12 * 12; ++i)
+            expected[static_cast<std::size_t>(i)] = rgnInner.Contains({i % 12, i / 12})   ? 0x00C000
+                                                    : rgnOuter.Contains({i % 12, i / 12}) ? 0xC00000
+                                                                                          : 0;
+        ASSERT_EQ(easel.Pixels(), expected) << iRound << ": " << iWidth << ", " << testing::PrintToString(rc);
     }
     Easel easel(10, 10, PS_DASH);
     Rectangle(easel.hDC, 0, 0, 10, 10);
