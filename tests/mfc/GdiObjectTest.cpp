@@ -77,4 +77,6 @@ TEST(GdiObjectTest, RectanglesFollowTheWindowsRules)
     EXPECT_TRUE(rc.UnionRect(CRect(5, 5, 5, 9), CRect(1, 1, 2, 2)));
     EXPECT_EQ(rc, CRect(1, 1, 2, 2));
     EXPECT_FALSE(rc.UnionRect(CRect(5, 5, 5, 9), CRect()));
+    EXPECT_TRUE(rc.UnionRect(CRect(1, 1, 2, 2), CRect(0, 3, 5, 4)));
+    EXPECT_EQ(rc, CRect(0, 1, 5, 4));
 }

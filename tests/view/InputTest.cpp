@@ -15,7 +15,7 @@ protected:
         if (HasFatalFailure())
             return;
         tool.emplace(strLog);
-        ASSERT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
+        Show(1000, 800);
         ASSERT_TRUE(pView->LoadEmbeddedTool(*tool));
         user.emplace(*pView);
         user->Click(CPoint(5, 5)); // takes the focus
@@ -30,7 +30,6 @@ protected:
         CViewTest::TearDown();
     }
 
-    CTestBitmap bitmap = CTestBitmap::Numbered(1000, 800);
     std::optional<CRecordingTool> tool;
     std::optional<CUser> user;
 };
@@ -289,7 +288,7 @@ TEST_F(InputTest, AnyNotificationMayDestroyOrEmptyTheView)
         for (const auto& act : vActs)
         {
             Open(300, 200);
-            ASSERT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
+            Show(1000, 800);
             ASSERT_TRUE(pView->LoadEmbeddedTool(*tool));
             CUser other(*pView);
             pView->SetFocus();
