@@ -1,28 +1,18 @@
 #pragma once
 
 #include "gdi/Handles.h"
+#include "support/Rects.h"
 
 #include <gtest/gtest.h>
-#include <ostream>
 #include <random>
+#include <string>
 #include <vector>
-
-inline bool operator==(const RECT& rcOne, const RECT& rcOther)
-{
-    return rcOne.left == rcOther.left && rcOne.top == rcOther.top && rcOne.right == rcOther.right &&
-           rcOne.bottom == rcOther.bottom;
-}
-
-inline void PrintTo(const RECT& rc, std::ostream* pStream)
-{
-    *pStream << '{' << rc.left << ", " << rc.top << ", " << rc.right << ", " << rc.bottom << '}';
-}
 
 /// A test that must leave as many handles as it found.
 class HandleTest : public testing::Test
 {
 protected:
-    void TearDown() override { EXPECT_EQ(winlite::OpenHandleCount(), m_nHandles); }
+    ~HandleTest() override { EXPECT_EQ(winlite::OpenHandleCount(), m_nHandles); }
 
 private:
     std::size_t m_nHandles = winlite::OpenHandleCount();
@@ -60,6 +50,23 @@ public:
     HDC hDC;
     std::vector<RECT> vDamage;
 };
+
+using Rows = std::vector<std::string>;
+
+/// The canvas as text: pen #, brush +, background o, untouched a point, anything else a question mark.
+inline Rows TextOf(const Canvas& canvas)
+{
+    Rows vRows;
+    const Picture picture = canvas.Pixels();
+    for (std::size_t i = 0; i < picture.size(); ++i)
+    {
+        if (i % static_cast<std::size_t>(canvas.pSurface->Width()) == 0)
+            vRows.emplace_back();
+        const std::uint32_t u = picture[i];
+        vRows.back() += u == 0xC00000 ? '#' : u == 0x00C000 ? '+' : u == 0x0000C0 ? 'o' : u == 0 ? '.' : '?';
+    }
+    return vRows;
+}
 
 /// Numbers that are the same on every run.
 class Dice

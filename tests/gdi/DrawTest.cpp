@@ -1,7 +1,6 @@
 #include "Canvas.h"
 
 #include <functional>
-#include <string>
 
 using winlite::Region;
 
@@ -11,23 +10,6 @@ namespace
 constexpr COLORREF PEN = RGB(0xC0, 0, 0);
 constexpr COLORREF BRUSH = RGB(0, 0xC0, 0);
 constexpr COLORREF BACKGROUND = RGB(0, 0, 0xC0);
-
-using Rows = std::vector<std::string>;
-
-/// The canvas as text: pen #, brush +, background o, untouched a point, anything else a question mark.
-Rows TextOf(const Canvas& canvas)
-{
-    Rows vRows;
-    const Picture picture = canvas.Pixels();
-    for (std::size_t i = 0; i < picture.size(); ++i)
-    {
-        if (i % static_cast<std::size_t>(canvas.pSurface->Width()) == 0)
-            vRows.emplace_back();
-        const std::uint32_t u = picture[i];
-        vRows.back() += u == 0xC00000 ? '#' : u == 0x00C000 ? '+' : u == 0x0000C0 ? 'o' : u == 0 ? '.' : '?';
-    }
-    return vRows;
-}
 
 /// A canvas with a pen and a brush of its own.
 class Easel : public Canvas
@@ -72,31 +54,26 @@ using DrawTest = HandleTest;
 
 TEST_F(DrawTest, LinesTakeTheNearestPixelsAndLeaveTheLastOut)
 {
-    const struct
-    {
-        POINT ptFrom, ptTo;
-        Rows vRows;
-    } vCases[] = {
-        {{0, 0}, {4, 2}, {"##...", "..##.", "....."}},
-        {{4, 2}, {0, 0}, {".#...", "..##.", "....#"}},
-        {{4, 0}, {0, 2}, {"...##", ".##..", "....."}},
-        {{0, 2}, {4, 0}, {"...#.", ".##..", "#...."}},
-        {{0, 0}, {0, 0}, {".....", ".....", "....."}},
-        {{0, 0}, {10, 3}, {"##........", "..####....", "......###.", ".........#"}},
-        {{2, 0}, {0, 4}, {"..#", ".#.", ".#.", "#.."}},
-        {{0, 0}, {2, 4}, {"#..", "#..", ".#.", ".#."}},
-    };
-    for (const auto& test : vCases)
-    {
-        Easel easel(static_cast<int>(test.vRows[0].size()), static_cast<int>(test.vRows.size()));
-        POINT ptOld = {7, 7};
-        MoveToEx(easel.hDC, test.ptFrom.x, test.ptFrom.y, &ptOld);
-        EXPECT_TRUE(ptOld.x == 0 && ptOld.y == 0);
-        LineTo(easel.hDC, test.ptTo.x, test.ptTo.y);
-        EXPECT_EQ(TextOf(easel), test.vRows) << test.ptTo.x << ',' << test.ptTo.y;
-        MoveToEx(easel.hDC, 0, 0, &ptOld);
-        EXPECT_TRUE(ptOld.x == test.ptTo.x && ptOld.y == test.ptTo.y);
-    }
+    for (int dx = -6; dx <= 6; ++dx)
+        for (int dy = -6; dy <= 6; ++dy)
+        {
+            const int nSteps = std::max(std::abs(dx), std::abs(dy));
+            Picture expected(13 * 13);
+            for (int i = 0; i < nSteps; ++i)
+            {
+                // Halves go left and up; 100 more keep the dividend positive.
+                const auto At = [&](int d) { return (2 * i * d + 201 * nSteps - 1) / (2 * nSteps) - 94; };
+                expected[static_cast<std::size_t>(13 * At(dy) + At(dx))] = 0xC00000;
+            }
+            Easel easel(13, 13);
+            POINT ptOld = {7, 7};
+            MoveToEx(easel.hDC, 6, 6, &ptOld);
+            EXPECT_TRUE(ptOld.x == 0 && ptOld.y == 0);
+            LineTo(easel.hDC, 6 + dx, 6 + dy);
+            EXPECT_EQ(easel.Pixels(), expected) << dx << ',' << dy;
+            MoveToEx(easel.hDC, 0, 0, &ptOld);
+            EXPECT_TRUE(ptOld.x == 6 + dx && ptOld.y == 6 + dy);
+        }
 }
 
 TEST_F(DrawTest, RasterOperationsCombineAllBits)
@@ -147,30 +124,28 @@ TEST_F(DrawTest, DashesRunOnUntilTheNextMove)
 
 TEST_F(DrawTest, RectanglesAreOutlinedOnceAndFilledWithin)
 {
-    const struct
+    Dice dice;
+    for (int iRound = 0; iRound < 600; ++iRound)
     {
-        int iStyle, iWidth;
-        RECT rc;
-        Rows vRows;
-    } vCases[] = {
-        {PS_SOLID, 1, {5, 4, 1, 1}, {"......", ".####.", ".#++#.", ".####."}},
-        {PS_NULL, 1, {1, 1, 5, 4}, {"......", ".+++..", ".+++..", "......"}},
-        {PS_SOLID, 2, {1, 1, 6, 6}, {"######.", "######.", "##++##.", "##++##.", "######.", "######.", "......."}},
-        {PS_SOLID, 1, {1, 1, 2, 2}, {"...", "...", "..."}},
-        {PS_SOLID, 1, {1, 0, 1, 3}, {"...", "...", "..."}},
-        {PS_SOLID, 1, {1, 0, 2, 3}, {".#.", ".#.", ".#."}},
-        {PS_SOLID, 1, {0, 1, 3, 2}, {"...", "###", "..."}},
-        {PS_SOLID, 1, {-9, -9, 2, 2}, {"+#.", "##.", "..."}},
-    };
-    for (const auto& test : vCases)
-    {
-        // XOR on black shows what is drawn twice.
-        Easel easel(static_cast<int>(test.vRows[0].size()), static_cast<int>(test.vRows.size()), test.iStyle,
-                    test.iWidth);
+        const int iWidth = dice.Roll(0, 3); // 0: no pen
+        const RECT rc = dice.Rect(-3, 10, 10);
+        Easel easel(12, 12, iWidth ? PS_SOLID : PS_NULL, iWidth);
         easel.UseBrush();
-        SetROP2(easel.hDC, R2_XORPEN);
-        EXPECT_TRUE(Rectangle(easel.hDC, test.rc.left, test.rc.top, test.rc.right, test.rc.bottom));
-        EXPECT_EQ(TextOf(easel), test.vRows) << testing::PrintToString(test.rc);
+        SetROP2(easel.hDC, R2_XORPEN); // XOR on black shows what is drawn twice.
+        EXPECT_TRUE(iRound % 2 ? Rectangle(easel.hDC, rc.left, rc.bottom, rc.right, rc.top)
+                               : Rectangle(easel.hDC, rc.right, rc.top, rc.left, rc.bottom));
+        const int nBefore = iWidth ? iWidth / 2 : 0;
+        const int nAfter = iWidth ? (iWidth - 1) / 2 : -1;
+        const bool bDrawn = (rc.right - rc.left) * (rc.bottom - rc.top) > 1;
+        const Region rgnOuter(RECT{rc.left - nBefore, rc.top - nBefore, rc.right + nAfter, rc.bottom + nAfter});
+        const Region rgnInner(
+            RECT{rc.left + nAfter + 1, rc.top + nAfter + 1, rc.right - nBefore - 1, rc.bottom - nBefore - 1});
+        Picture expected(12 * 12);
+        for (int i = 0; bDrawn && i < 12 * 12; ++i)
+            expected[static_cast<std::size_t>(i)] = rgnInner.Contains({i % 12, i / 12})   ? 0x00C000
+                                                    : rgnOuter.Contains({i % 12, i / 12}) ? 0xC00000
+                                                                                          : 0;
+        ASSERT_EQ(easel.Pixels(), expected) << iRound << ": " << iWidth << ", " << testing::PrintToString(rc);
     }
     Easel easel(10, 10, PS_DASH);
     Rectangle(easel.hDC, 0, 0, 10, 10);

@@ -8,17 +8,13 @@
 class GdiPlusStarted : public HandleTest
 {
 protected:
-    void SetUp() override
+    GdiPlusStarted()
     {
         const Gdiplus::GdiplusStartupInput input;
-        ASSERT_EQ(Gdiplus::GdiplusStartup(&m_uToken, &input, nullptr), Gdiplus::Ok);
-        ASSERT_NE(m_uToken, 0u);
+        EXPECT_EQ(Gdiplus::GdiplusStartup(&m_uToken, &input, nullptr), Gdiplus::Ok);
+        EXPECT_NE(m_uToken, 0u);
     }
-    void TearDown() override
-    {
-        Gdiplus::GdiplusShutdown(m_uToken);
-        HandleTest::TearDown();
-    }
+    ~GdiPlusStarted() override { Gdiplus::GdiplusShutdown(m_uToken); }
 
     ULONG_PTR m_uToken = 0;
 };

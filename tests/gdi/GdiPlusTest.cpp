@@ -8,9 +8,7 @@ using namespace Gdiplus;
 namespace
 {
 
-class GdiPlusTest : public GdiPlusStarted
-{
-};
+using GdiPlusTest = GdiPlusStarted;
 
 BITMAPINFO Info(int cx, int cy) { return {{40, cx, cy, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}}; }
 
@@ -25,56 +23,39 @@ Status DrawImage(Canvas& canvas, Image* pImage, const RectF& rcDest, const RectF
 
 } // namespace
 
-TEST_F(GdiPlusTest, PixelsWhoseCentresAreCoveredAreDrawn)
+TEST_F(GdiPlusTest, PixelsWhoseCentresAreCoveredTakeTheSourcePixelThere)
 {
-    const struct
-    {
-        REAL fScale;
-        int iFirst, iLast;
-    } vCases[] = {{0.8F, 1, 1}, {1.0F, 1, 2}, {1.2F, 1, 3}, {1.5F, 1, 3}, {1.8F, 2, 4}, {2.0F, 2, 5}, {2.5F, 2, 6}};
-    std::uint32_t vBits[] = {1, 1};
-    const BITMAPINFO info = Info(2, 1);
-    Bitmap bitmap(&info, vBits);
-    for (const auto& test : vCases)
-    {
-        Canvas canvas(10, 1);
-        EXPECT_EQ(DrawImage(canvas, &bitmap, {test.fScale, 0, 2 * test.fScale, 1}, {0, 0, 2, 1}), Ok);
-        Picture expected(10);
-        std::fill(expected.begin() + test.iFirst, expected.begin() + test.iLast + 1, 1);
-        EXPECT_EQ(canvas.Pixels(), expected) << test.fScale;
-        EXPECT_EQ(canvas.vDamage, (std::vector<RECT>{{test.iFirst, 0, test.iLast + 1, 1}})) << test.fScale;
-    }
-}
-
-TEST_F(GdiPlusTest, SourcePixelsAreTakenAtPixelCentres)
-{
-    std::uint32_t vBits[100];
-    for (std::uint32_t i = 0; i < 100; ++i)
-        vBits[i] = (9 - i / 10) << 8 | i % 10; // 0xRC at row R from the top, column C.
+    Dice dice;
+    Picture bits = dice.Pixels(100);
     const BITMAPINFO info = Info(10, 10);
-    Bitmap bitmap(&info, vBits);
-    const REAL fScrolled = 4.0F / 3.0F;
-    const struct
+    Bitmap bitmap(&info, bits.data());
+    for (int iRound = 0; iRound < 1000; ++iRound)
     {
-        RectF rcDest, rcSource;
-        Picture expected; // 4 x 1
-    } vCases[] = {
-        {{0, 0, 4, 1}, {fScrolled, 5, fScrolled, 1}, {0x501, 0x501, 0x502, 0x502}},
-        {{0, 0, 4, 1}, {-2, -7, 4, 1}, {0, 0, 0, 1}},
-        {{-2, 0, 4, 1}, {3, 9, 4, 1}, {0x905, 0x906, 0, 0}},
-        {{1.25F, 0, 1.5F, 1}, {0, 0, 3, 1}, {0, 0, 2, 0}},
-        {{0, -0.5F, 4, 1.0F}, {3, 3, 4, 1}, {0, 0, 0, 0}},
-    };
-    for (const auto& test : vCases)
-    {
-        Canvas canvas(4, 1);
-        EXPECT_EQ(DrawImage(canvas, &bitmap, test.rcDest, test.rcSource), Ok);
-        EXPECT_EQ(canvas.Pixels(), test.expected) << test.rcDest.X << ", " << test.rcSource.X;
+        // Eighths and powers of 2 leave nothing to round.
+        const auto Eighths = [&](int iLeast, int iMost) { return static_cast<REAL>(dice.Roll(iLeast, iMost)) / 8; };
+        const RectF rcDest(Eighths(-24, 48), Eighths(-24, 48), Eighths(0, 96), Eighths(0, 96));
+        const PointF ptScale(static_cast<REAL>(1 << dice.Roll(0, 4)) / 4, static_cast<REAL>(1 << dice.Roll(0, 4)) / 4);
+        const RectF rcSource(Eighths(-16, 80), Eighths(-16, 80), rcDest.Width * ptScale.X, rcDest.Height * ptScale.Y);
+        const POINT ptOrigin = {dice.Roll(-2, 2), dice.Roll(-2, 2)};
+        Canvas canvas(8, 8, ptOrigin);
+        canvas.pDC->SetClip(dice.Region(8));
+        EXPECT_EQ(DrawImage(canvas, &bitmap, rcDest, rcSource), Ok);
+        const winlite::Region rgnDamage = winlite::Region::FromRects(canvas.vDamage);
+        Picture expected(64);
+        for (int i = 0; i < 64; ++i)
+        {
+            const REAL x = static_cast<REAL>(i % 8 - ptOrigin.x) + 0.5F - rcDest.X;
+            const REAL y = static_cast<REAL>(i / 8 - ptOrigin.y) + 0.5F - rcDest.Y;
+            const bool bCovered = x >= 0 && x < rcDest.Width && y >= 0 && y < rcDest.Height;
+            if (!bCovered || !canvas.pDC->Clip().Contains({i % 8, i / 8}))
+                continue;
+            const int iColumn = std::clamp(static_cast<int>(std::floor(rcSource.X + x * ptScale.X)), 0, 9);
+            const int iRow = std::clamp(static_cast<int>(std::floor(rcSource.Y + y * ptScale.Y)), 0, 9);
+            expected[static_cast<std::size_t>(i)] = bits[static_cast<std::size_t>(10 * (9 - iRow) + iColumn)];
+            EXPECT_TRUE(rgnDamage.Contains({i % 8, i / 8})) << iRound << ": " << i;
+        }
+        ASSERT_EQ(canvas.Pixels(), expected) << iRound;
     }
-    Canvas canvas(4, 3, {1, 1});
-    canvas.pDC->SetClip(winlite::Region(RECT{0, 0, 2, 1}));
-    EXPECT_EQ(DrawImage(canvas, &bitmap, {0, 0, 3, 3}, {4, 4, 3, 3}), Ok);
-    EXPECT_EQ(canvas.Pixels(), (Picture{0, 0, 0, 0, 0, 0x404, 0x405, 0, 0, 0, 0, 0}));
 }
 
 TEST_F(GdiPlusTest, WildNumbersAreSafe)

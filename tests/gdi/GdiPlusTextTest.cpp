@@ -12,23 +12,11 @@ namespace
 class GdiPlusTextTest : public GdiPlusStarted
 {
 protected:
-    void SetUp() override
-    {
-        GdiPlusStarted::SetUp();
-        m_pCanvas = std::make_unique<Canvas>(120, 60);
-        ASSERT_TRUE(FontFamily::GenericSansSerif()->IsAvailable()) << "No fonts are installed";
-    }
-    void TearDown() override
-    {
-        m_pCanvas.reset();
-        GdiPlusStarted::TearDown();
-    }
-
     RectF Measured(const WCHAR* pszText, INT nLength = -1, const StringFormat* pFormat = nullptr)
     {
         const Font font(FontFamily::GenericSansSerif(), 12, FontStyleBold, UnitPixel);
         RectF rcBounds;
-        EXPECT_EQ(Graphics(m_pCanvas->hDC).MeasureString(pszText, nLength, &font, {5, 6}, pFormat, &rcBounds), Ok);
+        EXPECT_EQ(Graphics(m_Canvas.hDC).MeasureString(pszText, nLength, &font, {5, 6}, pFormat, &rcBounds), Ok);
         return rcBounds;
     }
 
@@ -38,29 +26,25 @@ protected:
     {
         const Font font(FontFamily::GenericSansSerif(), 12, FontStyleBold, UnitPixel);
         const SolidBrush brush(color);
-        m_pCanvas->pSurface->Fill(m_pCanvas->pSurface->Bounds(), 0xFFFFFF);
-        m_pCanvas->vDamage.clear();
-        EXPECT_EQ(Graphics(m_pCanvas->hDC).DrawString(pszText, -1, &font, ptOrigin, pFormat, &brush), Ok);
-        return ChangedBox();
-    }
-
-    RECT ChangedBox() const
-    {
+        m_Canvas.pSurface->Fill(m_Canvas.pSurface->Bounds(), 0xFFFFFF);
+        m_Canvas.vDamage.clear();
+        EXPECT_EQ(Graphics(m_Canvas.hDC).DrawString(pszText, -1, &font, ptOrigin, pFormat, &brush), Ok);
         RECT rcChanged = {};
-        const Picture picture = m_pCanvas->Pixels();
+        const Picture picture = m_Canvas.Pixels();
         for (int i = 0; i < static_cast<int>(picture.size()); ++i)
             if (picture[static_cast<std::size_t>(i)] != 0xFFFFFF)
                 rcChanged = winlite::UnionBox(rcChanged, {i % 120, i / 120, i % 120 + 1, i / 120 + 1});
         return rcChanged;
     }
 
-    std::unique_ptr<Canvas> m_pCanvas;
+    Canvas m_Canvas{120, 60};
 };
 
 } // namespace
 
 TEST_F(GdiPlusTextTest, FamiliesAreThoseInstalledUnderTheirOwnName)
 {
+    ASSERT_TRUE(FontFamily::GenericSansSerif()->IsAvailable()) << "No fonts are installed";
     EXPECT_TRUE(FontFamily(L"DejaVu Sans").IsAvailable());
     EXPECT_TRUE(FontFamily(L"dejavu sans").IsAvailable());
     EXPECT_EQ(FontFamily(L"No Such Family").GetLastStatus(), FontFamilyNotFound);
@@ -82,7 +66,7 @@ TEST_F(GdiPlusTextTest, MeasuringAddsAdvancesMarginsAndLines)
     EXPECT_EQ(font.GetHeight(nullptr), rcOne.Height);
     const Font fontLarge(FontFamily::GenericSansSerif(), 24, FontStyleBold, UnitPixel);
     RectF rcLarge;
-    EXPECT_EQ(Graphics(m_pCanvas->hDC).MeasureString(L"0", -1, &fontLarge, {0, 0}, &rcLarge), Ok);
+    EXPECT_EQ(Graphics(m_Canvas.hDC).MeasureString(L"0", -1, &fontLarge, {0, 0}, &rcLarge), Ok);
     EXPECT_GT(rcLarge.Width, 1.8F * rcOne.Width);
     EXPECT_GT(rcLarge.Height, 1.8F * rcOne.Height);
     StringFormat formatBlanks(StringFormatFlagsMeasureTrailingSpaces);
@@ -146,37 +130,27 @@ TEST_F(GdiPlusTextTest, TextStandsBesideItsPointAsAligned)
     }
 }
 
-TEST_F(GdiPlusTextTest, AHaloGrowsTheTextByOnePixelEachWay)
-{
-    const Font font(FontFamily::GenericSansSerif(), 12, FontStyleBold, UnitPixel);
-    const SolidBrush brush(Color(255, 200, 0, 0));
-    const RECT rcText = Drawn(L"(1234)", {20, 20});
-    for (const PointF& ptOffset : {PointF(-1, 0), PointF(1, 0), PointF(0, -1), PointF(0, 1)})
-        Graphics(m_pCanvas->hDC).DrawString(L"(1234)", -1, &font, {20 + ptOffset.X, 20 + ptOffset.Y}, &brush);
-    EXPECT_EQ(ChangedBox(), (RECT{rcText.left - 1, rcText.top - 1, rcText.right + 1, rcText.bottom + 1}));
-}
-
 TEST_F(GdiPlusTextTest, DrawingStaysInTheClipAndIsReported)
 {
     const RECT rcWhole = Drawn(L"HHHH", {20, 20});
-    ASSERT_EQ(m_pCanvas->vDamage.size(), 1u);
-    EXPECT_EQ(winlite::UnionBox(m_pCanvas->vDamage[0], rcWhole), m_pCanvas->vDamage[0]);
-    m_pCanvas->pDC->SetClip(winlite::Region(RECT{0, 0, 34, 60}));
+    ASSERT_EQ(m_Canvas.vDamage.size(), 1u);
+    EXPECT_EQ(winlite::UnionBox(m_Canvas.vDamage[0], rcWhole), m_Canvas.vDamage[0]);
+    m_Canvas.pDC->SetClip(winlite::Region(RECT{0, 0, 34, 60}));
     EXPECT_EQ(Drawn(L"HHHH", {20, 20}), (RECT{rcWhole.left, rcWhole.top, 34, rcWhole.bottom}));
-    EXPECT_EQ(m_pCanvas->vDamage[0].right, 34);
+    EXPECT_EQ(m_Canvas.vDamage[0].right, 34);
     Drawn(L"HHHH", {-1e6F, 20});
     Drawn(L"HHHH", {20, 20}, nullptr, Color(0, 9, 9, 9));
-    EXPECT_TRUE(m_pCanvas->vDamage.empty());
+    EXPECT_TRUE(m_Canvas.vDamage.empty());
 }
 
 TEST_F(GdiPlusTextTest, ColoursAreLaidOverByCoverageAndAlpha)
 {
     // U+2588 fills its whole box, so some pixels are covered entirely.
     Drawn(L"\x2588", {20, 20}, nullptr, Color(51, 255, 0, 0));
-    const Picture picture = m_pCanvas->Pixels();
+    const Picture picture = m_Canvas.Pixels();
     EXPECT_NE(std::find(picture.begin(), picture.end(), 0xFFCCCCu), picture.end());
     Drawn(L"\x2588", {20, 20}, nullptr, Color(255, 1, 2, 3));
-    const Picture pictureOpaque = m_pCanvas->Pixels();
+    const Picture pictureOpaque = m_Canvas.Pixels();
     EXPECT_NE(std::find(pictureOpaque.begin(), pictureOpaque.end(), 0x010203u), pictureOpaque.end());
 }
 
@@ -192,7 +166,7 @@ TEST_F(GdiPlusTextTest, BadArgumentsDrawNothing)
     const StringFormat formatUnknown(1);
     const REAL fNaN = std::numeric_limits<REAL>::quiet_NaN();
     RectF rc;
-    Graphics graphics(m_pCanvas->hDC);
+    Graphics graphics(m_Canvas.hDC);
     for (const Font& fontBad : vBadFonts)
         EXPECT_EQ(graphics.DrawString(L"0", -1, &fontBad, {0, 0}, &brush), InvalidParameter);
     EXPECT_EQ(graphics.DrawString(L"0", -1, nullptr, {0, 0}, &brush), InvalidParameter);
@@ -211,5 +185,5 @@ TEST_F(GdiPlusTextTest, BadArgumentsDrawNothing)
     EXPECT_EQ(graphics.DrawString(L"0", -1, &font, {0, 0}, &brush), GdiplusNotInitialized);
     EXPECT_EQ(FontFamily(L"DejaVu Sans").GetLastStatus(), GdiplusNotInitialized);
     EXPECT_EQ(font.GetHeight(nullptr), 0);
-    EXPECT_TRUE(m_pCanvas->vDamage.empty());
+    EXPECT_TRUE(m_Canvas.vDamage.empty());
 }

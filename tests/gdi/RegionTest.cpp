@@ -1,9 +1,9 @@
 #include "Canvas.h"
 
+#include "gdi/RectMath.h"
+
 #include <array>
 #include <limits>
-
-using winlite::Region;
 
 namespace
 {
@@ -34,6 +34,20 @@ std::vector<RECT> RectsOf(HRGN hRgn)
     return {pRects, pRects + pData->rdh.nCount};
 }
 
+/// A region made of data, which is refused when it is one byte short or its header has another size.
+HRGN FromData(const std::vector<RECT>& vRects)
+{
+    std::vector<BYTE> vBytes(sizeof(RGNDATA) + vRects.size() * sizeof(RECT));
+    auto* pData = reinterpret_cast<RGNDATA*>(vBytes.data());
+    pData->rdh = {31, 0, static_cast<DWORD>(vRects.size()), 0, {}};
+    std::copy(vRects.begin(), vRects.end(), reinterpret_cast<RECT*>(pData->Buffer));
+    const auto nNeeded = static_cast<DWORD>(32 + vRects.size() * sizeof(RECT));
+    EXPECT_EQ(ExtCreateRegion(nullptr, nNeeded, pData), nullptr);
+    pData->rdh.dwSize = 32;
+    EXPECT_EQ(ExtCreateRegion(nullptr, nNeeded - 1, pData), nullptr);
+    return ExtCreateRegion(nullptr, nNeeded, pData);
+}
+
 /// The same set as booleans, on coordinates from 0 to SIZE.
 constexpr int SIZE_OF_GRID = 24;
 using Grid = std::array<std::array<bool, SIZE_OF_GRID>, SIZE_OF_GRID>;
@@ -47,8 +61,6 @@ Grid GridOf(const std::vector<RECT>& vRects)
                 grid[y][x] |= x >= rc.left && x < rc.right && y >= rc.top && y < rc.bottom;
     return grid;
 }
-
-Grid GridOf(const Region& rgn) { return GridOf(std::vector<RECT>(rgn.Rects().begin(), rgn.Rects().end())); }
 
 /// The one reduced list of rectangles that the set has.
 std::vector<RECT> BandsOf(const Grid& grid)
@@ -88,37 +100,48 @@ std::vector<RECT> RunsOf(const Grid& grid, Dice& dice)
 
 using RegionTest = HandleTest;
 
-TEST_F(RegionTest, CombiningTellsComplexityAndBox)
+TEST_F(RegionTest, DataAndCombinationsAgreeWithAGrid)
 {
-    constexpr RECT NOTHING = {};
-    struct Outcome
+    Dice dice;
+    const auto Rolled = [&dice](Grid& grid)
     {
-        int iComplexity;
-        RECT rcBox;
+        std::vector<RECT> vRects(static_cast<std::size_t>(dice.Roll(0, 9)));
+        for (RECT& rc : vRects)
+        {
+            rc = dice.Rect(0, 15, 8);
+            if (dice.Roll(0, 9) == 0)
+                std::swap(rc.left, rc.right); // An inverted one is empty.
+        }
+        grid = GridOf(vRects);
+        return FromData(dice.Roll(0, 2) ? vRects : RunsOf(grid, dice));
     };
-    const struct
+    for (int iRound = 0; iRound < 500; ++iRound)
     {
-        RECT rc1, rc2;
-        Outcome and_, or_, xor_, diff;
-    } vCases[] = {
-        {{0, 0, 0, 0}, {0, 0, 1, 1}, {1, NOTHING}, {2, {0, 0, 1, 1}}, {2, {0, 0, 1, 1}}, {1, NOTHING}},
-        {{0, 0, 4, 4}, {0, 0, 4, 4}, {2, {0, 0, 4, 4}}, {2, {0, 0, 4, 4}}, {1, NOTHING}, {1, NOTHING}},
-        {{0, 0, 4, 4}, {0, 0, 2, 4}, {2, {0, 0, 2, 4}}, {2, {0, 0, 4, 4}}, {2, {2, 0, 4, 4}}, {2, {2, 0, 4, 4}}},
-        {{0, 0, 4, 4}, {0, 0, 2, 2}, {2, {0, 0, 2, 2}}, {2, {0, 0, 4, 4}}, {3, {0, 0, 4, 4}}, {3, {0, 0, 4, 4}}},
-        {{2, 2, 4, 4}, {0, 1, 3, 5}, {2, {2, 2, 3, 4}}, {3, {0, 1, 4, 5}}, {3, {0, 1, 4, 5}}, {2, {3, 2, 4, 4}}},
-        {{2, 2, 4, 4}, {4, 3, 6, 4}, {1, NOTHING}, {3, {2, 2, 6, 4}}, {3, {2, 2, 6, 4}}, {2, {2, 2, 4, 4}}},
-    };
-    for (const auto& test : vCases)
-    {
-        const ScopedRegion rgn1(test.rc1);
-        const ScopedRegion rgn2(test.rc2);
+        Grid grid1, grid2;
+        const ScopedRegion rgn1(Rolled(grid1));
+        const ScopedRegion rgn2(Rolled(grid2));
         const ScopedRegion rgnDest(RECT{7, 7, 9, 9});
-        const Outcome vExpected[] = {
-            test.and_, test.or_, test.xor_, test.diff, {CombineRgn(rgn1, rgn1, nullptr, RGN_COPY), test.rc1}};
         for (int iMode = RGN_AND; iMode <= RGN_COPY; ++iMode)
         {
-            EXPECT_EQ(CombineRgn(rgnDest, rgn1, rgn2, iMode), vExpected[iMode - 1].iComplexity) << iMode;
-            EXPECT_EQ(BoxOf(rgnDest), vExpected[iMode - 1].rcBox) << iMode;
+            Grid grid = grid1;
+            const int iComplexity = CombineRgn(rgnDest, rgn1, iMode == RGN_COPY ? nullptr : rgn2.h, iMode);
+            for (int i = 0; i < SIZE_OF_GRID * SIZE_OF_GRID; ++i)
+            {
+                const int x = i % SIZE_OF_GRID, y = i / SIZE_OF_GRID;
+                const bool bOne = grid1[y][x], bOther = grid2[y][x];
+                const bool vExpected[] = {bOne && bOther, bOne || bOther, bOne != bOther, bOne && !bOther, bOne};
+                grid[y][x] = vExpected[iMode - 1];
+                ASSERT_EQ(PtInRegion(rgnDest, x, y), grid[y][x]) << iRound << ", " << iMode << ": " << x << ", " << y;
+            }
+            const std::vector<RECT> vBands = BandsOf(grid);
+            ASSERT_EQ(RectsOf(rgnDest), vBands) << iRound << ", " << iMode;
+            RECT rcBox = {};
+            for (const RECT& rc : vBands)
+                rcBox = winlite::UnionBox(rcBox, rc);
+            EXPECT_EQ(BoxOf(rgnDest), rcBox);
+            EXPECT_EQ(iComplexity, static_cast<int>(std::min<std::size_t>(vBands.size(), 2)) + 1);
+            RGNDATA header;
+            EXPECT_EQ(GetRegionData(rgnDest, static_cast<DWORD>(31 + 16 * vBands.size()), &header), 0u);
         }
     }
 }
@@ -137,6 +160,7 @@ TEST_F(RegionTest, FailuresLeaveTheDestination)
     EXPECT_EQ(CombineRgn(rgn, rgnOther, hBrush, RGN_COPY), SIMPLEREGION);
     EXPECT_TRUE(EqualRgn(rgn, rgnOther));
     EXPECT_FALSE(EqualRgn(rgn, nullptr));
+    EXPECT_EQ(ExtCreateRegion(nullptr, 100, nullptr), nullptr);
 }
 
 TEST_F(RegionTest, RectanglesAndMovesKeepTheirEdges)
@@ -160,96 +184,4 @@ TEST_F(RegionTest, RectanglesAndMovesKeepTheirEdges)
     SetRectRgn(rgn, 5, 5, 5, 9);
     EXPECT_EQ(OffsetRgn(rgn, 3, 3), NULLREGION);
     EXPECT_EQ(BoxOf(rgn), (RECT{}));
-}
-
-TEST_F(RegionTest, DataComesInReducedBands)
-{
-    const struct
-    {
-        RECT rc1, rc2;
-        int iMode;
-        std::vector<RECT> vExpected;
-    } vCases[] = {
-        {{0, 0, 4, 2}, {0, 2, 4, 4}, RGN_OR, {{0, 0, 4, 4}}},
-        {{0, 0, 4, 2}, {0, 2, 2, 4}, RGN_OR, {{0, 0, 4, 2}, {0, 2, 2, 4}}},
-        {{2, 2, 4, 4}, {3, 3, 6, 6}, RGN_OR, {{2, 2, 4, 3}, {2, 3, 6, 4}, {3, 4, 6, 6}}},
-        {{0, 0, 4, 4}, {1, 1, 3, 3}, RGN_DIFF, {{0, 0, 4, 1}, {0, 1, 1, 3}, {3, 1, 4, 3}, {0, 3, 4, 4}}},
-        {{0, 0, 4, 4}, {0, 0, 4, 4}, RGN_XOR, {}},
-    };
-    for (const auto& test : vCases)
-    {
-        const ScopedRegion rgn(test.rc1);
-        CombineRgn(rgn, rgn, ScopedRegion(test.rc2), test.iMode);
-        EXPECT_EQ(RectsOf(rgn), test.vExpected);
-
-        RGNDATA header;
-        const auto nRectBytes = static_cast<DWORD>(16 * test.vExpected.size());
-        EXPECT_EQ(GetRegionData(rgn, 31 + nRectBytes, &header), 0u);
-    }
-}
-
-TEST_F(RegionTest, ARegionFromDataIsTheUnionOfItsRectangles)
-{
-    const struct
-    {
-        std::vector<RECT> vRects;
-        int iComplexity;
-        RECT rcBox;
-    } vCases[] = {
-        {{}, NULLREGION, {}},
-        {{{111, 222, 333, 444}}, SIMPLEREGION, {111, 222, 333, 444}},
-        {{{0, 0, 10, 10}, {10, 10, 20, 20}}, COMPLEXREGION, {0, 0, 20, 20}},
-        {{{0, 0, 4, 2}, {0, 1, 4, 3}}, SIMPLEREGION, {0, 0, 4, 3}},
-        {{{5, 5, 9, 9}, {3, 0, 2, 1}, {0, 0, 2, 2}}, COMPLEXREGION, {0, 0, 9, 9}},
-        {{{3, 0, 2, 1}}, NULLREGION, {}},
-    };
-    for (const auto& test : vCases)
-    {
-        std::vector<BYTE> vBytes(sizeof(RGNDATA) + test.vRects.size() * sizeof(RECT));
-        auto* pData = reinterpret_cast<RGNDATA*>(vBytes.data());
-        pData->rdh = {32, 0, static_cast<DWORD>(test.vRects.size()), 0, {}};
-        std::copy(test.vRects.begin(), test.vRects.end(), reinterpret_cast<RECT*>(pData->Buffer));
-        const auto nNeeded = static_cast<DWORD>(32 + test.vRects.size() * sizeof(RECT));
-        const ScopedRegion rgn(ExtCreateRegion(nullptr, nNeeded, pData));
-        RECT rcBox = {};
-        EXPECT_EQ(GetRgnBox(rgn, &rcBox), test.iComplexity);
-        EXPECT_EQ(rcBox, test.rcBox);
-
-        EXPECT_EQ(ExtCreateRegion(nullptr, nNeeded - 1, pData), nullptr);
-        pData->rdh.dwSize = 31;
-        EXPECT_EQ(ExtCreateRegion(nullptr, nNeeded, pData), nullptr);
-    }
-    EXPECT_EQ(ExtCreateRegion(nullptr, 100, nullptr), nullptr);
-}
-
-TEST_F(RegionTest, RandomRegionsAgreeWithAGrid)
-{
-    Dice dice;
-    for (int iRound = 0; iRound < 1000; ++iRound)
-    {
-        std::vector<RECT> vRects(static_cast<std::size_t>(dice.Roll(0, 12)));
-        for (RECT& rc : vRects)
-            rc = dice.Rect(0, 15, 8);
-        const Grid grid = GridOf(vRects);
-        if (iRound % 3 == 0)
-            vRects = RunsOf(grid, dice);
-        const Region rgn = Region::FromRects(vRects);
-        ASSERT_EQ(std::vector<RECT>(rgn.Rects().begin(), rgn.Rects().end()), BandsOf(grid)) << iRound;
-
-        Region rgnCombined = dice.Region(12);
-        const Grid gridOther = GridOf(rgnCombined);
-        const int iMode = iRound % 4;
-        iMode == 0   ? rgnCombined &= rgn
-        : iMode == 1 ? rgnCombined |= rgn
-        : iMode == 2 ? rgnCombined ^= rgn
-                     : rgnCombined -= rgn;
-        for (int y = 0; y < SIZE_OF_GRID; ++y)
-            for (int x = 0; x < SIZE_OF_GRID; ++x)
-            {
-                const bool bMine = gridOther[y][x];
-                const bool bIts = grid[y][x];
-                const bool vExpected[] = {bMine && bIts, bMine || bIts, bMine != bIts, bMine && !bIts};
-                ASSERT_EQ(rgnCombined.Contains({x, y}), vExpected[iMode]) << iRound << ": " << x << ", " << y;
-            }
-    }
 }

@@ -4,23 +4,6 @@
 
 using winlite::Surface;
 
-TEST(SurfaceTest, OverwritingKeepsOneColourOutsideOnly)
-{
-    const RECT vRects[] = {{1, 1, 3, 2}, {-3, 2, 9, 9}, {4, -1, 6, 2}, {7, 7, 9, 9}};
-    for (const RECT& rc : vRects)
-    {
-        Surface surface(5, 4);
-        surface.Fill(surface.Bounds(), 0xAABBCCDD);
-        const winlite::Region rgnHole(rc);
-        const std::uint32_t* pPixels = surface.PixelsForOverwrite(rc);
-        for (int i = 0; i < 20; ++i)
-        {
-            const bool bOutside = !rgnHole.Contains({i % 5, i / 5});
-            EXPECT_TRUE(!bOutside || pPixels[i] == 0xAABBCCDD) << testing::PrintToString(rc) << ": " << i;
-        }
-    }
-}
-
 TEST(SurfaceTest, DroppedSurfacesLeaveABoundedPool)
 {
     constexpr std::size_t MOST_KEPT = std::size_t{128} << 20;

@@ -83,28 +83,6 @@ TEST(CreateRegionFromColor, WeighsEveryPixelOfTheAreaAndNoOther)
                 }
 }
 
-TEST(CreateRegionFromColor, FallsFromFullToNothing)
-{
-    const struct
-    {
-        int iTolerance, iDistance, iWeight;
-    } aCases[] = {
-        {0, 0, 255},   {0, 1, 0},       {1, 1, 255},     {1, 2, 239},    {1, 16, 16},   {1, 17, 0},
-        {10, 18, 128}, {100, 100, 255}, {100, 101, 245}, {100, 124, 10}, {100, 125, 0}, {254, 255, 251},
-    };
-    for (const auto& test : aCases)
-        for (int iChannel = 0; iChannel < 3; ++iChannel)
-        {
-            unsigned char aBits[4] = {};
-            aBits[iChannel] = static_cast<unsigned char>(test.iDistance);
-            BITMAPINFO info = InfoOf(1, 1, 32);
-            RECT rcArea = {0, 0, 1, 1};
-            std::vector<unsigned char> vMask(1, 77);
-            ASSERT_TRUE(Vorpix::CreateRegionFromColor(aBits, info, rcArea, vMask, 0, test.iTolerance, nullptr));
-            EXPECT_EQ(vMask[0], test.iWeight) << test.iTolerance << " " << test.iDistance;
-        }
-}
-
 TEST(CreateRegionFromColor, RefusesBadArgumentsAndLeavesTheMask)
 {
     const unsigned char aBits[4 * 4 * 4] = {};

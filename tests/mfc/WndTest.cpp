@@ -15,15 +15,12 @@ class CLogWnd : public CWnd
 {
 public:
     std::string strLog;
-    bool bDestroyInSize = false;
 
 protected:
     void OnSize(UINT nType, int cx, int cy)
     {
         strLog += "size " + std::to_string(nType) + " " + std::to_string(cx) + "x" + std::to_string(cy) + ";";
         CWnd::OnSize(nType, cx, cy);
-        if (bDestroyInSize)
-            DestroyWindow();
     }
     void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
     {
@@ -139,20 +136,4 @@ TEST_F(WndTest, TheLoopEndsWithQuitOrWhenNothingCanHappen)
     while (wnd.strLog.empty())
         app.PumpMessage();
     EXPECT_EQ(wnd.strLog, "timer 5;") << "the desktop's clock jumps to the next timer";
-}
-
-TEST_F(WndTest, AWindowMayDestroyItselfInItsOwnMessage)
-{
-    CLogWnd doomed;
-    doomed.bDestroyInSize = true;
-    EXPECT_FALSE(doomed.Create(AfxRegisterWndClass(0), L"", WS_VISIBLE, CRect(0, 0, 9, 9), &wnd, 4) && doomed.m_hWnd);
-    EXPECT_EQ(doomed.strLog, "size 0 9x9;destroy;gone;");
-}
-
-TEST_F(WndTest, ClassesAreRegisteredOncePerSetOfArguments)
-{
-    const CString strFirst = AfxRegisterWndClass(CS_DBLCLKS);
-    EXPECT_EQ(strFirst, AfxRegisterWndClass(CS_DBLCLKS));
-    EXPECT_FALSE(strFirst == CString(AfxRegisterWndClass(CS_HREDRAW)));
-    EXPECT_FALSE(strFirst == CString(AfxRegisterWndClass(CS_DBLCLKS, ::LoadCursor(nullptr, IDC_ARROW))));
 }

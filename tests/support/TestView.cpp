@@ -121,6 +121,13 @@ void CViewTest::Close()
 
 void CViewTest::Pump() { static_cast<winlite::HeadlessDesktop&>(winlite::TheDesktop()).DispatchPending(); }
 
+CTestBitmap& CViewTest::Show(int cx, int cy, int iBitsPixel)
+{
+    CTestBitmap bitmap = CTestBitmap::Numbered(cx, cy, iBitsPixel);
+    EXPECT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
+    return m_Shown = std::move(bitmap);
+}
+
 winlite::Picture CViewTest::Screen()
 {
     Pump();

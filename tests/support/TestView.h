@@ -80,6 +80,9 @@ protected:
     void Close();
     void Pump();
 
+    /// Attaches a numbered bitmap, which stays until the next.
+    CTestBitmap& Show(int cx, int cy, int iBitsPixel = 32);
+
     /// The host window's picture after all pending paints; pixels 0x00RRGGBB.
     winlite::Picture Screen();
     static std::uint32_t PixelOf(const winlite::Picture& picture, int x, int y);
@@ -92,6 +95,7 @@ protected:
     std::string TakeLog() { return std::exchange(strLog, {}); }
 
 private:
+    CTestBitmap m_Shown{0, 0};
     std::size_t m_nHandles = 0;
 };
 

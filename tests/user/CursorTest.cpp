@@ -127,14 +127,7 @@ TEST(CursorTest, ResourcesAreFoundByModuleAndNumber)
 {
     static const Bytes s_vCursor = AlphaFile();
     static const Bytes s_vBroken = {0, 0, 2, 0};
-    static const Bytes s_vBitmap = []
-    {
-        Bytes vBytes;
-        for (const std::uint64_t uField : {40, 1, 1, 0x180001, 0, 0, 0, 0, 0, 0, 0x332211})
-            Append(vBytes, uField, 4);
-        return vBytes;
-    }();
-    static const winlite::Resource s_vResources[] = {{12, 5, s_vCursor}, {12, 6, s_vBroken}, {2, 5, s_vBitmap}};
+    static const winlite::Resource s_vResources[] = {{12, 5, s_vCursor}, {12, 6, s_vBroken}};
     static const winlite::Module s_module = {L"resources", nullptr, s_vResources};
     static const winlite::ModuleRegistration s_registration(s_module);
     const HINSTANCE hModule = winlite::InstanceOf(s_module);
@@ -149,11 +142,4 @@ TEST(CursorTest, ResourcesAreFoundByModuleAndNumber)
         EXPECT_FALSE(::LoadCursor(hInstance, MAKEINTRESOURCE(static_cast<UINT_PTR>(uId)))) << uId;
     EXPECT_FALSE(::LoadCursor(hModule, L"name"));
     EXPECT_EQ(winlite::OpenHandleCount(), nHandles) << "shared cursors are not counted";
-
-    const HBITMAP hBitmap = ::LoadBitmap(hModule, MAKEINTRESOURCE(5));
-    std::uint32_t uPixel = 0;
-    ::GetBitmapBits(hBitmap, sizeof uPixel, &uPixel);
-    EXPECT_EQ(uPixel, 0x332211u);
-    ::DeleteObject(hBitmap);
-    EXPECT_FALSE(::LoadBitmap(hModule, MAKEINTRESOURCE(6)) || ::LoadBitmap(nullptr, MAKEINTRESOURCE(5)));
 }

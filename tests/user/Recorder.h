@@ -2,6 +2,7 @@
 
 #include "base/HandleTable.h"
 #include "headless/HeadlessDesktop.h"
+#include "support/Rects.h"
 #include "user/Window.h"
 
 #include <functional>
@@ -132,14 +133,3 @@ private:
     std::size_t m_nHandles = winlite::OpenHandleCount();
     std::string m_strLog;
 };
-
-inline bool operator==(const RECT& rcOne, const RECT& rcOther)
-{
-    return rcOne.left == rcOther.left && rcOne.top == rcOther.top && rcOne.right == rcOther.right &&
-           rcOne.bottom == rcOther.bottom;
-}
-
-inline void PrintTo(const RECT& rc, std::ostream* pStream)
-{
-    *pStream << '{' << rc.left << ", " << rc.top << ", " << rc.right << ", " << rc.bottom << '}';
-}

@@ -49,17 +49,11 @@ TEST(ScrollInfoTest, ValuesAreLimitedToEachOther)
     } vCases[] = {
         {Info(0, 0, 1, 1), Info(0, 0, 1, 0)},
         {Info(5, 10, 0, 0), Info(5, 10, 0, 5)},
-        {Info(5, 10, 7, 0), Info(5, 10, 6, 5)},
         {Info(5, 10, 0xFFFFFFFF, 0), Info(5, 10, 6, 5)},
-        {Info(5, 10, 0, -1), Info(5, 10, 0, 5)},
         {Info(5, 10, 0, INT_MAX), Info(5, 10, 0, 10)},
-        {Info(5, 10, 2, 10), Info(5, 10, 2, 9)},
         {Info(5, 10, 3, 11), Info(5, 10, 3, 8)},
         {Info(7, 5, 0, 0), Info(7, 7, 0, 7)},
-        {Info(0, -1, 0, 0), Info(0, 0, 0, 0)},
-        {Info(-2, -1, 0, 0), Info(-2, -1, 0, -1)},
         {Info(5, 10, 1, 10), Info(5, 10, 1, 10)},
-        {Info(0, 400, 301, 150), Info(0, 400, 301, 100)},
         {Info(0, 100, 300, 50), Info(0, 100, 101, 0)},
         {Info(INT_MIN, INT_MAX, 0xFFFFFFFF, INT_MAX), Info(INT_MIN, INT_MAX, 0xFFFFFFFF, INT_MIN + 1)},
     };

@@ -1,8 +1,6 @@
 #include "support/TestView.h"
 
-class BitmapTest : public CViewTest
-{
-};
+using BitmapTest = CViewTest;
 
 TEST_F(BitmapTest, RefusedBitmapsChangeNothing)
 {
@@ -99,8 +97,7 @@ TEST_F(BitmapTest, ASecondBitmapKeepsTheZoomAndSizesTheMasks)
 
 TEST_F(BitmapTest, ClearingDropsTheBitmapAndKeepsTheZoom)
 {
-    CTestBitmap bitmap = CTestBitmap::Numbered(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     pView->SetZoom(2);
     Screen();
     const int nPaints = pView->nPaints;
@@ -124,8 +121,7 @@ TEST_F(BitmapTest, ClearingDropsTheBitmapAndKeepsTheZoom)
 
 TEST_F(BitmapTest, UpdatesShowNewPixelsOnlyWhenToldThatTheyChanged)
 {
-    CTestBitmap bitmap = CTestBitmap::Numbered(100, 80);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    CTestBitmap& bitmap = Show(100, 80);
     Screen();
     const std::uint32_t uOld = bitmap.At(3, 4);
     bitmap.Set(3, 4, 0x123456);
@@ -162,8 +158,7 @@ TEST_F(BitmapTest, RedrawLocksDoNotCount)
 
 TEST_F(BitmapTest, BackgroundColourReachesTheMarginsAtOnce)
 {
-    CTestBitmap bitmap = CTestBitmap::Numbered(100, 80);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    CTestBitmap& bitmap = Show(100, 80);
     const int nPaints = pView->nPaints;
     EXPECT_EQ(pView->SetBackgroundColor(BACKGROUND), BACKGROUND);
     EXPECT_EQ(pView->nPaints, nPaints);
@@ -175,8 +170,7 @@ TEST_F(BitmapTest, BackgroundColourReachesTheMarginsAtOnce)
 
 TEST_F(BitmapTest, AWindowThatIsGoneLeavesASafeObject)
 {
-    CTestBitmap bitmap = CTestBitmap::Numbered(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    CTestBitmap& bitmap = Show(1000, 800);
     pView->DestroyWindow();
     EXPECT_TRUE(pView->SetZoom(2));
     pView->SetDispPosition(5, 5);

@@ -4,6 +4,8 @@
 
 #include <optional>
 
+constexpr auto RIGHT = winlite::MouseButton::Right;
+
 class InputTest : public CViewTest
 {
 protected:
@@ -13,7 +15,7 @@ protected:
         if (HasFatalFailure())
             return;
         tool.emplace(strLog);
-        ASSERT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
+        Show(1000, 800);
         ASSERT_TRUE(pView->LoadEmbeddedTool(*tool));
         user.emplace(*pView);
         user->Click(CPoint(5, 5)); // takes the focus
@@ -28,15 +30,13 @@ protected:
         CViewTest::TearDown();
     }
 
-    CTestBitmap bitmap = CTestBitmap::Numbered(1000, 800);
     std::optional<CRecordingTool> tool;
     std::optional<CUser> user;
 };
 
 TEST_F(InputTest, ToolIsAskedFirstAndConsumingEndsTheRest)
 {
-    const auto left = winlite::MouseButton::Left;
-    const auto right = winlite::MouseButton::Right;
+    const auto click = [](CUser& u) { u.Click(CPoint(7, 8)); };
     const struct
     {
         const char* pszWhat;
@@ -44,37 +44,13 @@ TEST_F(InputTest, ToolIsAskedFirstAndConsumingEndsTheRest)
         const char* pszConsumed; ///< The call that the tool answers with nonzero.
         const char* pszLog;
     } vCases[] = {
-        {"press and release",
-         [=](CUser& u) {
-             u.Press({7, 8}, left), u.Release({7, 8}, left);
-         },
-         "", "down(1:7,8) N2 up(0:7,8) N3 "},
-        {"press consumed",
-         [=](CUser& u) {
-             u.Press({7, 8}, left), u.Release({7, 8}, left);
-         },
-         "down", "down(1:7,8) up(0:7,8) N3 "},
-        {"release consumed",
-         [=](CUser& u) {
-             u.Press({7, 8}, left), u.Release({7, 8}, left);
-         },
-         "up", "down(1:7,8) N2 up(0:7,8) "},
-        {"move",
-         [](CUser& u) {
-             u.Move({9, 10});
-         },
-         "", "move(0:9,10) N1 "},
-        {"move consumed",
-         [](CUser& u) {
-             u.Move({11, 10});
-         },
-         "move", "move(0:11,10) "},
+        {"press and release", click, "", "down(1:7,8) N2 up(0:7,8) N3 "},
+        {"press consumed", click, "down", "down(1:7,8) up(0:7,8) N3 "},
+        {"release consumed", click, "up", "down(1:7,8) N2 up(0:7,8) "},
+        {"move", [](CUser& u) { u.Move(CPoint(9, 10)); }, "", "move(0:9,10) N1 "},
+        {"move consumed", [](CUser& u) { u.Move(CPoint(11, 10)); }, "move", "move(0:11,10) "},
         {"right button is never the tool's",
-         [=](CUser& u) {
-             u.Press({7, 8}, right), u.Release({7, 8}, right);
-         },
-         "down", "N4 N5 "},
-        {"wheel", [](CUser& u) { u.Wheel(-120); }, "", "wheel(-120) key(40s) N6 scrolled parent-wheel parent-wheel "},
+         [](CUser& u) { u.Press(CPoint(7, 8), RIGHT), u.Release(CPoint(7, 8), RIGHT); }, "down", "N4 N5 "},
         {"wheel of any size is one step", [](CUser& u) { u.Wheel(-3); }, "",
          "wheel(-3) key(40s) N6 scrolled parent-wheel parent-wheel "},
         {"wheel consumed", [](CUser& u) { u.Wheel(-120); }, "wheel", "wheel(-120) parent-wheel "},
@@ -88,13 +64,9 @@ TEST_F(InputTest, ToolIsAskedFirstAndConsumingEndsTheRest)
         {"Alt alone", [](CUser& u) { u.Type(VK_MENU); }, "", "syskey(18) syskeyup(18) "},
         {"Alt with another key", [](CUser& u) { u.KeyDown(VK_MENU), u.Type('A'), u.KeyUp(VK_MENU); }, "",
          "syskey(18) syskey(65) syskeyup(65) keyup(18) "},
-        {"Alt with a click",
-         [=](CUser& u) {
-             u.KeyDown(VK_MENU), u.Press({7, 8}, left), u.Release({7, 8}, left), u.KeyUp(VK_MENU);
-         },
-         "", "syskey(18) down(1:7,8) N2 up(0:7,8) N3 syskeyup(18) "},
-        {"Alt and Ctrl",
-         [](CUser& u) { u.KeyDown(VK_MENU), u.KeyDown(VK_CONTROL), u.KeyUp(VK_CONTROL), u.KeyUp(VK_MENU); }, "",
+        {"Alt with a click", [](CUser& u) { u.KeyDown(VK_MENU), u.Click(CPoint(7, 8)), u.KeyUp(VK_MENU); }, "",
+         "syskey(18) down(1:7,8) N2 up(0:7,8) N3 syskeyup(18) "},
+        {"Alt and Ctrl", [](CUser& u) { u.KeyDown(VK_MENU), u.Type(VK_CONTROL), u.KeyUp(VK_MENU); }, "",
          "syskey(18) key(17) syskeyup(17) keyup(18) "},
     };
     for (const auto& c : vCases)
@@ -124,7 +96,7 @@ TEST_F(InputTest, TheReleaseAfterADoubleClickIsSwallowed)
     user->Click({53, 61});
     EXPECT_EQ(TakeLog(), "down(1:53,61) N2 up(0:53,61) N3 ") << "too late";
     user->Press({53, 61});
-    user->Release({53, 61}, winlite::MouseButton::Right);
+    user->Release({53, 61}, RIGHT);
     user->Release({53, 61});
     EXPECT_EQ(TakeLog(), "double(1:53,61) up(0:53,61) N3 ") << "whichever release comes next is swallowed";
 }
@@ -308,22 +280,15 @@ TEST_F(InputTest, WildMessagesAreSafe)
 
 TEST_F(InputTest, AnyNotificationMayDestroyOrEmptyTheView)
 {
-    const std::function<void(CUser&)> vActs[] = {[](CUser& u) {
-                                                     u.Click({7, 8});
-                                                 },
-                                                 [](CUser& u) {
-                                                     u.Move({40, 41});
-                                                 },
-                                                 [](CUser& u) { u.Wheel(-120); },
-                                                 [](CUser& u) {
-                                                     u.Press({7, 8}, winlite::MouseButton::Right);
-                                                 }};
+    const std::function<void(CUser&)> vActs[] = {
+        [](CUser& u) { u.Click(CPoint(7, 8)); }, [](CUser& u) { u.Move(CPoint(40, 41)); },
+        [](CUser& u) { u.Wheel(-120); }, [](CUser& u) { u.Press(CPoint(7, 8), RIGHT); }};
     for (const bool bDestroy : {false, true})
     {
         for (const auto& act : vActs)
         {
             Open(300, 200);
-            ASSERT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
+            Show(1000, 800);
             ASSERT_TRUE(pView->LoadEmbeddedTool(*tool));
             CUser other(*pView);
             pView->SetFocus();

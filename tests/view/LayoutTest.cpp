@@ -3,9 +3,7 @@
 #include <cmath>
 #include <limits>
 
-class LayoutTest : public CViewTest
-{
-};
+using LayoutTest = CViewTest;
 
 TEST_F(LayoutTest, BarsPositionAndDrawingRectanglesFollowImageZoomAndView)
 {
@@ -14,51 +12,25 @@ TEST_F(LayoutTest, BarsPositionAndDrawingRectanglesFollowImageZoomAndView)
         const char* pszWhat;
         CSize szImage;
         double dZoom;
-        CSize szView;
         BOOL bHorz, bVert;
         Gdiplus::Point ptDispPos;
         CRect rcDest;
         Gdiplus::RectF rcSrc;
     } vCases[] = {
-        {"smaller than the view", {100, 80}, 1, {300, 200}, 0, 0, {-100, -60}, {100, 60, 200, 140}, {0, 0, 100, 80}},
-        {"as large as the view", {300, 200}, 1, {300, 200}, 0, 0, {0, 0}, {0, 0, 300, 200}, {0, 0, 300, 200}},
-        {"odd margin rounds away from zero",
-         {101, 80},
-         1,
-         {300, 200},
-         0,
-         0,
-         {-100, -60},
-         {100, 60, 201, 140},
-         {0, 0, 101, 80}},
-        {"both bars; zoomed about the centre",
-         {100, 80},
-         4,
-         {300, 200},
-         1,
-         1,
-         {24, 34},
-         {0, 0, 283, 183},
-         {6, 8.5f, 70.75f, 45.75f}},
-        {"wide only", {400, 100}, 1, {300, 200}, 1, 0, {0, -42}, {0, 42, 300, 142}, {0, 0, 300, 100}},
-        {"tall only", {100, 400}, 1, {300, 200}, 0, 1, {-92, 0}, {92, 0, 192, 200}, {0, 0, 100, 200}},
-        {"one bar forces the other", {301, 190}, 1, {300, 200}, 1, 1, {0, 0}, {0, 0, 283, 183}, {0, 0, 283, 183}},
-        {"a fraction over needs no bar",
-         {150, 100},
-         2.005,
-         {300, 200},
-         0,
-         0,
-         {0, 0},
-         {0, 0, 300, 200},
-         {0, 0, 150, 100}},
+        {"smaller than the view", {100, 80}, 1, 0, 0, {-100, -60}, {100, 60, 200, 140}, {0, 0, 100, 80}},
+        {"as large as the view", {300, 200}, 1, 0, 0, {0, 0}, {0, 0, 300, 200}, {0, 0, 300, 200}},
+        {"odd margin rounds away from 0", {101, 80}, 1, 0, 0, {-100, -60}, {100, 60, 201, 140}, {0, 0, 101, 80}},
+        {"zoomed about the centre", {100, 80}, 4, 1, 1, {24, 34}, {0, 0, 283, 183}, {6, 8.5f, 70.75f, 45.75f}},
+        {"wide only", {400, 100}, 1, 1, 0, {0, -42}, {0, 42, 300, 142}, {0, 0, 300, 100}},
+        {"tall only", {100, 400}, 1, 0, 1, {-92, 0}, {92, 0, 192, 200}, {0, 0, 100, 200}},
+        {"one bar forces the other", {301, 190}, 1, 1, 1, {0, 0}, {0, 0, 283, 183}, {0, 0, 283, 183}},
+        {"a fraction over needs no bar", {150, 100}, 2.005, 0, 0, {0, 0}, {0, 0, 300, 200}, {0, 0, 150, 100}},
     };
     for (const auto& c : vCases)
     {
         SCOPED_TRACE(c.pszWhat);
-        Open(c.szView.cx, c.szView.cy);
-        CTestBitmap bitmap(c.szImage.cx, c.szImage.cy);
-        ASSERT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
+        Open(300, 200);
+        Show(c.szImage.cx, c.szImage.cy);
         ASSERT_TRUE(c.dZoom == 1 || pView->SetZoom(c.dZoom));
         EXPECT_EQ(pView->m_bHScrollShown, c.bHorz);
         EXPECT_EQ(pView->m_bVScrollShown, c.bVert);
@@ -72,8 +44,7 @@ TEST_F(LayoutTest, BarsPositionAndDrawingRectanglesFollowImageZoomAndView)
 
 TEST_F(LayoutTest, TheSmallerSideKeepsOneDisplayPixel)
 {
-    CTestBitmap bitmap(1000, 10);
-    ASSERT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
+    Show(1000, 10);
     for (const double dZoom : {0.01, 0.0, -3.0, -std::numeric_limits<double>::infinity()})
     {
         EXPECT_TRUE(pView->SetZoom(dZoom));
@@ -85,8 +56,7 @@ TEST_F(LayoutTest, TheSmallerSideKeepsOneDisplayPixel)
 TEST_F(LayoutTest, ZoomsThatAreNoNumberAreRefusedAndHugeOnesSurvive)
 {
     EXPECT_FALSE(pView->SetZoom(2)); // no bitmap
-    CTestBitmap bitmap = CTestBitmap::Numbered(100, 80);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    CTestBitmap& bitmap = Show(100, 80);
     pView->SetZoom(3);
     EXPECT_FALSE(pView->SetZoom(std::nan("")));
     EXPECT_EQ(pView->GetZoom(), 3);
@@ -105,8 +75,7 @@ TEST_F(LayoutTest, ZoomsThatAreNoNumberAreRefusedAndHugeOnesSurvive)
 
 TEST_F(LayoutTest, ZoomingKeepsTheImagePointAtTheCentre)
 {
-    CTestBitmap bitmap(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     pView->SetDispPosition(400, 300);
     pView->SetZoom(2);
     // The centre of the 283 x 183 area showed image point (541.5, 391.5).
@@ -118,8 +87,7 @@ TEST_F(LayoutTest, ZoomingKeepsTheImagePointAtTheCentre)
 
 TEST_F(LayoutTest, PositionsAreLimitedToTheImage)
 {
-    CTestBitmap bitmap(400, 320);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(400, 320);
     const struct
     {
         int x, y;
@@ -145,8 +113,7 @@ TEST_F(LayoutTest, PositionsAreLimitedToTheImage)
 
 TEST_F(LayoutTest, ForbiddenBarsGiveTheWholeClientArea)
 {
-    CTestBitmap bitmap(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     pView->ShowScrollBar(FALSE);
     EXPECT_FALSE(pView->m_sbHorz.IsWindowVisible() || pView->m_sbVert.IsWindowVisible());
     CRect rcView;
@@ -160,8 +127,7 @@ TEST_F(LayoutTest, ForbiddenBarsGiveTheWholeClientArea)
 
 TEST_F(LayoutTest, SizeChangesLayOutAgainAndTinyWindowsAreSafe)
 {
-    CTestBitmap bitmap = CTestBitmap::Numbered(200, 150);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    CTestBitmap& bitmap = Show(200, 150);
     for (const CSize sz :
          {CSize(120, 100), CSize(0, 0), CSize(1, 300), CSize(300, 1), CSize(10, 10), CSize(17, 17), CSize(300, 200)})
     {
@@ -176,8 +142,7 @@ TEST_F(LayoutTest, SizeChangesLayOutAgainAndTinyWindowsAreSafe)
 
 TEST_F(LayoutTest, NothingIsLaidOutWhileTheMainWindowIsMinimised)
 {
-    CTestBitmap bitmap(400, 320);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(400, 320);
     pHost->ShowWindow(SW_MINIMIZE);
     Pump();
     const int nPaints = pView->nPaints;

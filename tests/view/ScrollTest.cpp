@@ -1,5 +1,7 @@
 #include "support/TestView.h"
 
+#include <tuple>
+
 class ScrollTest : public CViewTest
 {
 protected:
@@ -17,25 +19,18 @@ protected:
 
 TEST_F(ScrollTest, BarsHoldRangePageAndPosition)
 {
-    CTestBitmap bitmap(401, 320);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(401, 320);
     pView->SetZoom(1.5); // 601.5 x 480
     pView->SetDispPosition(33, 44);
     const SCROLLINFO horz = InfoOf(pView->m_sbHorz);
-    EXPECT_EQ(horz.nMin, 0);
-    EXPECT_EQ(horz.nMax, 602);
-    EXPECT_EQ(horz.nPage, 284u);
-    EXPECT_EQ(horz.nPos, 33);
+    EXPECT_EQ(std::tuple(horz.nMin, horz.nMax, horz.nPage, horz.nPos), std::tuple(0, 602, 284u, 33));
     const SCROLLINFO vert = InfoOf(pView->m_sbVert);
-    EXPECT_EQ(vert.nMax, 480);
-    EXPECT_EQ(vert.nPage, 184u);
-    EXPECT_EQ(vert.nPos, 44);
+    EXPECT_EQ(std::tuple(vert.nMin, vert.nMax, vert.nPage, vert.nPos), std::tuple(0, 480, 184u, 44));
 }
 
 TEST_F(ScrollTest, EachCodeMovesAsFarAsItShould)
 {
-    CTestBitmap bitmap(1000, 800); // positions up to 717 and 617
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800); // positions up to 717 and 617
     const struct
     {
         int iFrom, iCode, iPos, iTo;
@@ -67,8 +62,7 @@ TEST_F(ScrollTest, EachCodeMovesAsFarAsItShould)
 
 TEST_F(ScrollTest, TheVerticalBarMovesTheOtherAxis)
 {
-    CTestBitmap bitmap(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     pView->SetDispPosition(50, 60);
     Send(WM_VSCROLL, pView->m_sbVert, SB_PAGEDOWN);
     EXPECT_EQ(pView->ptDispPos(), Gdiplus::Point(50, 60 + 184));
@@ -80,8 +74,7 @@ TEST_F(ScrollTest, WildMessagesDoNothing)
 {
     pView->SendMessage(WM_HSCROLL, MAKEWPARAM(SB_LINERIGHT, 0), 0); // no bar, no bitmap
     Send(WM_VSCROLL, pView->m_sbVert, SB_PAGEDOWN);
-    CTestBitmap bitmap(1000, 800);
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
+    Show(1000, 800);
     pView->SetDispPosition(50, 60);
     for (const LPARAM lBar : {LPARAM{0}, LPARAM{12345}, reinterpret_cast<LPARAM>(pView->m_hWnd)})
         pView->SendMessage(WM_HSCROLL, MAKEWPARAM(SB_PAGERIGHT, 65535), lBar);

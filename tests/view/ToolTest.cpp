@@ -3,8 +3,6 @@
 #include "support/TestView.h"
 #include "view/ToolSettings.h"
 
-#include <cstring>
-
 class ToolTest : public CViewTest
 {
 protected:
@@ -100,45 +98,6 @@ TEST_F(ToolTest, LoadsFromInsideLoadAndUnloadAreRefused)
     EXPECT_EQ(iResult, FALSE);
     EXPECT_EQ(pView->pEmbeddedTool(), nullptr);
     EXPECT_EQ(TakeLog(), "load unload ");
-}
-
-TEST_F(ToolTest, OperationsStandInTheirOrder)
-{
-    using Tool = CRecordingTool;
-    const auto slot = [](auto pMember)
-    {
-        std::uintptr_t uWord;
-        std::memcpy(&uWord, &pMember, sizeof(uWord));
-        return (uWord - 1) / sizeof(void*);
-    };
-    // The destructor has two entries of its own before the first.
-    const std::uintptr_t vSlots[] = {slot(&Tool::GetToolName),
-                                     slot(&Tool::OnLoad),
-                                     slot(&Tool::SerializeToolSettings),
-                                     slot(&Tool::UnserializeToolSettings),
-                                     slot(&Tool::OnUnload),
-                                     slot(&Tool::Reset),
-                                     slot(&Tool::OnPrePaint),
-                                     slot(&Tool::OnPostPaint),
-                                     slot(&Tool::OnSetCursor),
-                                     slot(&Tool::OnTimer),
-                                     slot(&Tool::OnLButtonDown),
-                                     slot(&Tool::OnLButtonUp),
-                                     slot(&Tool::OnLButtonDblClk),
-                                     slot(&Tool::OnMouseMove),
-                                     slot(&Tool::OnMouseWheel),
-                                     slot(&Tool::OnKeyDown),
-                                     slot(&Tool::OnKeyUp),
-                                     slot(&Tool::OnSysKeyDown),
-                                     slot(&Tool::OnSysKeyUp),
-                                     slot(&Tool::OnCaptureChanged),
-                                     slot(&Tool::OnZoomChanged),
-                                     slot(&Tool::OnDispPosChanged)};
-    for (std::size_t i = 0; i < std::size(vSlots); ++i)
-        EXPECT_EQ(vSlots[i], i + 2) << i;
-    const CRecordingTool copy = first;
-    EXPECT_STREQ(const_cast<CRecordingTool&>(copy).GetToolName(), L"first");
-    EXPECT_EQ(copy.Version(), 1u);
 }
 
 TEST_F(ToolTest, TheBaseTakesAnythingLongEnoughThatIsNotNewer)

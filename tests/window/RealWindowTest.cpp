@@ -154,23 +154,6 @@ TEST_F(RealWindowTest, KeysZoomAndScroll)
     ExpectShown();
 }
 
-TEST_F(RealWindowTest, TheScrollBarsFollowTheMouse)
-{
-    Widget().Zoom().ZoomAbout(8, Widget().Zoom().ViewCentre());
-    CRect rcView;
-    View().GetClientRect(&rcView);
-    const Gdiplus::Point ptBefore = View().ptDispPos();
-    PointTo(rcView.right + 8, rcView.bottom / 2);
-    Xdo({"mousedown", "1"});
-    PointTo(rcView.right + 8, rcView.bottom / 2 + 60);
-    ASSERT_TRUE(WaitFor([&] { return View().ptDispPos().Y > ptBefore.Y; }));
-    Xdo({"mouseup", "1"});
-    ExpectShown();
-    const int yDragged = View().ptDispPos().Y;
-    PointTo(rcView.right / 2, rcView.bottom / 2);
-    EXPECT_EQ(View().ptDispPos().Y, yDragged) << "let go";
-}
-
 TEST_F(RealWindowTest, HoldingAKeyShowsTheOriginal)
 {
     Xdo({"key", "ctrl+1"});
