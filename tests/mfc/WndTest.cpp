@@ -137,3 +137,11 @@ TEST_F(WndTest, TheLoopEndsWithQuitOrWhenNothingCanHappen)
         app.PumpMessage();
     EXPECT_EQ(wnd.strLog, "timer 5;") << "the desktop's clock jumps to the next timer";
 }
+
+TEST_F(WndTest, ClassesAreRegisteredOncePerSetOfArguments)
+{
+    const CString strFirst = AfxRegisterWndClass(CS_DBLCLKS);
+    EXPECT_EQ(strFirst, AfxRegisterWndClass(CS_DBLCLKS));
+    EXPECT_FALSE(strFirst == CString(AfxRegisterWndClass(CS_HREDRAW)));
+    EXPECT_FALSE(strFirst == CString(AfxRegisterWndClass(CS_DBLCLKS, ::LoadCursor(nullptr, IDC_ARROW))));
+}

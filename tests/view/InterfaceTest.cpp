@@ -86,6 +86,8 @@ TEST(InterfaceTest, WithoutTheModuleAViewCannotBeMade)
     EXPECT_STREQ(view.GetRuntimeClass()->m_pBaseClass->m_lpszClassName, "CUXWnd");
     EXPECT_TRUE(view.IsKindOf(RUNTIME_CLASS(CWnd)));
     EXPECT_EQ(view.BmpInfo().bmiHeader.biSize, 40u);
+    EXPECT_EQ(view.BmpInfo().bmiHeader.biBitCount, 32);
+    EXPECT_EQ(view.CoverBmpInfo().bmiHeader.biPlanes, 1);
     EXPECT_EQ(view.GetZoom(), 1.0);
     EXPECT_NE(view.GetDefCursor(), nullptr);
 }
