@@ -146,9 +146,7 @@ void SelectionModifier::SetLeftTop(int x, int y)
     const CPoint ptOffset = OffsetTo(x, y, rcImage);
     Offset(pView->rgnSelect(), ptOffset);
     rcImage.OffsetRect(ptOffset.x, ptOffset.y);
-    pView->UpdateScaledRegion();
-    UpdateDispData(TRUE);
-    RefreshBorder();
+    RegionChanged(true);
 }
 
 void SelectionModifier::SetSize(int cx, int cy)
@@ -171,9 +169,7 @@ void SelectionModifier::SetRect(int x, int y, int cx, int cy)
     if (!ShowsItsBitmap())
         return;
     ScaleSelection(x, y, cx, cy);
-    pView->UpdateScaledRegion();
-    UpdateDispData(TRUE);
-    RefreshBorder();
+    RegionChanged(true);
 }
 
 void SelectionModifier::ScaleSelection(int x, int y, int cx, int cy)
@@ -204,9 +200,7 @@ void SelectionModifier::ApplyModify()
     }
     const bool bMoved = rc != rcImage;
     PlaceSelection(rc);
-    if (bMoved)
-        UpdateDispData(TRUE);
-    RefreshBorder();
+    RegionChanged(bMoved);
 }
 
 void SelectionModifier::CancelModify()
@@ -217,8 +211,7 @@ void SelectionModifier::CancelModify()
     if (!rgnSelect.GetSafeHandle())
         rgnSelect.CreateRectRgn(0, 0, 0, 0);
     rgnSelect.CopyRgn(&rgnOrigin);
-    pView->UpdateScaledRegion();
-    RefreshBorder();
+    RegionChanged(false);
 }
 
 // ---- the selection's new weights
@@ -255,7 +248,6 @@ void SelectionModifier::PlaceSelection(const CRect& rc)
         Paste(rc);
     }
     rcImage = rc;
-    pView->UpdateScaledRegion();
 }
 
 void SelectionModifier::Paste(const CRect& rc)
@@ -271,6 +263,14 @@ void SelectionModifier::Paste(const CRect& rc)
         std::copy_n(vResizedMask.begin() + y * szMask.cx, cx, vNewMask.begin() + (rc.top + y) * cxBitmap + rc.left);
     pView->vSelectMask() = vNewMask;
     CPixtane::CreateRgnFromMask(pView->rgnSelect(), vNewMask, cxBitmap, bmiNewMask.bmiHeader.biHeight);
+}
+
+void SelectionModifier::RegionChanged(bool bFrameFollows)
+{
+    pView->UpdateScaledRegion();
+    if (bFrameFollows)
+        UpdateDispData(TRUE);
+    RefreshBorder();
 }
 
 void SelectionModifier::RefreshBorder()

@@ -94,6 +94,7 @@ private:
     void Resample(CSize szMask, Vorpix::RESIZE_ALGORITHM eAlgorithm);
     void PlaceSelection(const CRect& rc);
     void Paste(const CRect& rc);
+    void RegionChanged(bool bFrameFollows);
     void RefreshBorder();
     CRect ZoomedImageRect() const;
 

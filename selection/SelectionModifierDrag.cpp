@@ -291,8 +291,7 @@ int SelectionModifier::OnLButtonUp(UINT, CPoint)
     const CRect rc = IntoBitmap(DraggedRect());
     ResampleForDrag(rc.Size());
     PlaceSelection(rc);
-    UpdateDispData(TRUE);
-    RefreshBorder();
+    RegionChanged(true);
     view.NotifyParent(PVN_SELMOD_RECT, FALSE);
     return FALSE;
 }
