@@ -124,7 +124,7 @@ protected:
     void MergeSelectMask();
 
     /// Fills vMask with the area of similar colour around a window point, and pBounds unless NULL with its box. 0
-    /// outside the bitmap (vMask stays), and for bitmaps of fewer than 24 bits.
+    /// outside the bitmap (vMask stays), and for bitmaps of other than 24 and 32 bits.
     int CreateMagicWandMask(std::vector<BYTE>& vMask, const CPoint& ptSeed, BYTE byTolerance, RECT* pBounds);
 
     /// Draws the shape that is being drawn.

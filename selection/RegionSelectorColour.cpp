@@ -6,7 +6,6 @@
 #include "view/Notifications.h"
 
 #include <algorithm>
-#include <limits>
 #include <new>
 #include <utility>
 

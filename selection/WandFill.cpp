@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <optional>
+#include <utility>
 
 namespace Pixtane
 {
@@ -34,6 +36,18 @@ Word RunAtTop(Word uBits)
 {
     const int nOnes = std::countl_one(uBits);
     return nOnes == 64 ? ~Word{0} : ~(~Word{0} >> nOnes);
+}
+
+/// Where the first set bit of a row is, and where the last one ends. There must be one.
+int FirstBit(const std::vector<Word>& vWords)
+{
+    const auto it = std::ranges::find_if(vWords, [](Word uWord) { return uWord != 0; });
+    return static_cast<int>(it - vWords.begin()) * 64 + std::countr_zero(*it);
+}
+int EndOfBits(const std::vector<Word>& vWords)
+{
+    const auto it = std::find_if(vWords.rbegin(), vWords.rend(), [](Word uWord) { return uWord != 0; });
+    return static_cast<int>(vWords.rend() - it) * 64 - std::countl_zero(*it);
 }
 
 /// The fill, 64 pixels at a time. A row is matched when it is come to; then its runs of matching pixels are filled
@@ -68,7 +82,7 @@ public:
     /// Writes the mask, and gives the box of what was filled.
     CRect Write(BYTE* pMask)
     {
-        CRect rcFilled(m_cx, m_cy, 0, 0);
+        CRect rcFilled(0, m_cy, 0, 0);
         std::vector<Word> vColumns(static_cast<std::size_t>(m_nWords));
         for (int y = 0; y < m_cy; ++y)
         {
@@ -84,14 +98,8 @@ public:
             rcFilled.top = std::min<int>(rcFilled.top, y);
             rcFilled.bottom = y + 1;
         }
-        for (int i = 0; i < m_nWords; ++i)
-        {
-            const Word uWord = vColumns[static_cast<std::size_t>(i)];
-            if (!uWord)
-                continue;
-            rcFilled.left = std::min<int>(rcFilled.left, i * 64 + std::countr_zero(uWord));
-            rcFilled.right = i * 64 + 64 - std::countl_zero(uWord);
-        }
+        rcFilled.left = FirstBit(vColumns);
+        rcFilled.right = EndOfBits(vColumns);
         return rcFilled;
     }
 
@@ -124,22 +132,22 @@ private:
         const Word* const pFrom = Filled(span.y);
         Word* const pOpen = Open(y);
         Word* const pFilled = Filled(y);
-        Span found = {y, m_nWords, -2};
+        std::optional<Span> found;
         for (int i = span.iFirst; i <= span.iLast; ++i)
         {
             const Word uSeeds = pFrom[i] & pOpen[i];
             if (!uSeeds)
                 continue;
             const Span filled = FillRuns(y, pOpen, pFilled, i, uSeeds);
-            if (filled.iFirst > found.iLast + 1 && found.iLast >= 0)
-                m_vSpans.push_back(found);
-            if (filled.iFirst > found.iLast + 1)
-                found.iFirst = filled.iFirst;
-            found.iFirst = std::min(found.iFirst, filled.iFirst);
-            found.iLast = std::max(found.iLast, filled.iLast);
+            if (found && filled.iFirst > found->iLast + 1)
+                m_vSpans.push_back(*std::exchange(found, std::nullopt));
+            if (found)
+                found = {y, std::min(found->iFirst, filled.iFirst), std::max(found->iLast, filled.iLast)};
+            else
+                found = filled;
         }
-        if (found.iLast >= 0)
-            m_vSpans.push_back(found);
+        if (found)
+            m_vSpans.push_back(*found);
     }
 
     /// Fills the runs around the seeds in a word, on into its neighbours, and gives the words that this reached.
