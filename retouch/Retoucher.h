@@ -64,6 +64,8 @@ public:
     bool TakeSelectorSettings(const std::vector<BYTE>& vSettings);
 
 private:
+    static constexpr const char* TRANSFORM = "transform"; ///< The tool's name.
+
     struct Command;
     static const Command s_vCommands[];
 

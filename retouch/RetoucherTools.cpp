@@ -12,7 +12,6 @@ namespace
 
 constexpr const char* HAND = "hand";
 constexpr const char* WAND = "wand";
-constexpr const char* TRANSFORM = "transform";
 
 struct Shape
 {

@@ -3,13 +3,6 @@
 #include <sstream>
 #include <utility>
 
-namespace
-{
-
-constexpr const char* TRANSFORM = "transform";
-
-} // namespace
-
 bool CRetoucher::IsTransforming() const { return m_strTool == TRANSFORM; }
 
 CRect CRetoucher::TransformRect()
@@ -72,18 +65,14 @@ void CRetoucher::PlaceTransform(const CRect& rc)
 
 bool CRetoucher::NudgeTransform(UINT uKey)
 {
+    static constexpr SIZE STEPS[] = {{-1, 0}, {0, -1}, {1, 0}, {0, 1}}; // left, up, right, down
     constexpr int FAR = 10;
     // With Ctrl the arrows scroll.
     if (uKey < VK_LEFT || uKey > VK_DOWN || ::GetKeyState(VK_CONTROL) < 0 || m_modifier.IsMouseDragging())
         return false;
     const int iStep = ::GetKeyState(VK_SHIFT) < 0 ? FAR : 1;
     CRect rc = TransformRect();
-    rc.OffsetRect(uKey == VK_LEFT    ? -iStep
-                  : uKey == VK_RIGHT ? iStep
-                                     : 0,
-                  uKey == VK_UP     ? -iStep
-                  : uKey == VK_DOWN ? iStep
-                                    : 0);
+    rc.OffsetRect(STEPS[uKey - VK_LEFT].cx * iStep, STEPS[uKey - VK_LEFT].cy * iStep);
     PlaceTransform(rc);
     return true;
 }
