@@ -105,10 +105,10 @@ bool Vorpix::CreateRegionFromColor(const unsigned char* pBits, BITMAPINFO& info,
 
     const ColourWeights weights(crColor, iTolerance);
     const int64_t nStride = (nWidth * nPixelBytes + 3) / 4 * 4;
+    const auto pWeighPixels = HWY_DYNAMIC_DISPATCH(WeighPixels);
     for (int64_t y = nTop; y < nBottom; ++y)
-        HWY_DYNAMIC_DISPATCH(WeighPixels)
-    (pBits + (nHeight - 1 - y) * nStride + nLeft * nPixelBytes, nPixelBytes, &vMask[y * nWidth + nLeft], nRight - nLeft,
-     weights);
+        pWeighPixels(pBits + (nHeight - 1 - y) * nStride + nLeft * nPixelBytes, nPixelBytes, &vMask[y * nWidth + nLeft],
+                     nRight - nLeft, weights);
     if (pfnProgress)
         pfnProgress(1, 1);
     return true;

@@ -44,6 +44,7 @@ namespace Pixtane
 {
 
 HINSTANCE ModuleInstance() { return s_hInstance; }
+
 int ShowOwnCursor(UINT uId)
 {
     const HCURSOR hCursor = ::LoadCursor(s_hInstance, MAKEINTRESOURCE(uId));
