@@ -16,6 +16,9 @@ add_library(project_options INTERFACE)
 # A fused multiply-add would change what truncation after adding 0.9999 yields, so contraction stays off.
 target_compile_options(project_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
     -ffp-contract=off $<$<BOOL:${PIXTANE_WERROR}>:-Werror>)
+if(PIXTANE_PATTERN_FILL)
+    add_compile_definitions(PIXTANE_PATTERN_FILL)
+endif()
 if(PIXTANE_SANITIZE)
     add_compile_options(-fsanitize=${PIXTANE_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${PIXTANE_SANITIZE})

@@ -1,5 +1,7 @@
 #include "base/Desktop.h"
 
+#include "base/Thread.h"
+
 #include <atomic>
 #include <cassert>
 
@@ -16,6 +18,14 @@ void SetDesktop(Desktop* pDesktop)
 {
     s_pDesktop = pDesktop;
     s_nDesktops += pDesktop != nullptr;
+    if (pDesktop)
+        SetUserInterfaceThread();
+}
+
+RECT Desktop::VirtualScreen()
+{
+    const SIZE szScreen = ScreenSize();
+    return {0, 0, szScreen.cx, szScreen.cy};
 }
 
 int DesktopCount() { return s_nDesktops; }

@@ -44,6 +44,9 @@ public:
 
     // ---- may provide
 
+    /// The box around all screens; the one above, which begins at (0, 0), when there are no more.
+    virtual RECT VirtualScreen();
+
     /// A top-level window was created, shown or hidden, moved or resized, minimised or restored, renamed, or destroyed.
     virtual void WindowChanged(HWND) {}
 

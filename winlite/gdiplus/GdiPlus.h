@@ -17,6 +17,7 @@ namespace winlite
 {
 class DeviceContext;
 class Dib;
+class Region;
 } // namespace winlite
 
 namespace Gdiplus
@@ -72,7 +73,8 @@ private:
     std::unique_ptr<winlite::Dib> m_pDib;
 };
 
-/// Draws on a device context's bitmap within its clip region. GDI state of the device context has no effect. Everything
+/// Draws on a device context's bitmap within the clip region that the device context had when this was made. Other GDI
+/// state of it has no effect. Everything
 /// fails with InvalidParameter for a bad handle, and drawing with GdiplusNotInitialized while GDI+ is not started.
 class Graphics
 {
@@ -148,6 +150,7 @@ private:
     void DrawOutline(const Pen& pen, std::span<const RECT> vPixels) const;
 
     std::shared_ptr<winlite::DeviceContext> m_pDC;
+    std::unique_ptr<const winlite::Region> m_pClip; ///< Of the creation, in logical coordinates; NULL for none.
     bool m_bHalfOffset = false;
     bool m_bNearest = false;
     mutable Status m_Status = Ok; ///< Measuring sets it too.

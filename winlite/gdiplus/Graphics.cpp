@@ -1,5 +1,6 @@
 #include "gdi/Handles.h"
 #include "gdi/NearestScaler.h"
+#include "gdiplus/ClipScope.h"
 #include "gdiplus/GdiPlus.h"
 #include "gdiplus/Startup.h"
 
@@ -72,6 +73,8 @@ Graphics::Graphics(HDC hDC) : m_pDC(winlite::FindDC(hDC))
         m_Status = GdiplusNotInitialized;
     else if (!m_pDC)
         m_Status = InvalidParameter;
+    if (m_pDC && m_pDC->ApplicationClip())
+        m_pClip = std::make_unique<winlite::Region>(*m_pDC->ApplicationClip());
 }
 
 Graphics::~Graphics() = default;
@@ -121,6 +124,7 @@ Status Graphics::DrawImage(Image* pImage, const RectF& rcDest, REAL xSrc, REAL y
         return m_Status = InvalidParameter;
     if (!m_bHalfOffset || !m_bNearest || unit != UnitPixel || pAttributes || pCallback)
         return m_Status = NotImplemented;
+    const winlite::ClipScope scope(*m_pDC, m_pClip.get());
     if (cxSrc > 0 && cySrc > 0)
         Draw(*m_pDC, *pDib, axisX, axisY);
     return m_Status = Ok;

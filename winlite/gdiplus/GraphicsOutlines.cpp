@@ -1,3 +1,4 @@
+#include "gdiplus/ClipScope.h"
 #include "gdiplus/Coordinates.h"
 #include "gdiplus/GdiPlus.h"
 #include "gdiplus/Outline.h"
@@ -37,6 +38,7 @@ Status Graphics::CheckPen(const Pen* pPen, std::initializer_list<REAL> vNumbers)
 
 void Graphics::DrawOutline(const Pen& pen, std::span<const RECT> vPixels) const
 {
+    const winlite::ClipScope scope(*m_pDC, m_pClip.get());
     Color color;
     pen.GetColor(&color);
     winlite::PaintRegion(*m_pDC, winlite::Region::FromRects(vPixels), color);
@@ -47,6 +49,7 @@ Status Graphics::DrawLine(const Pen* pPen, REAL x1, REAL y1, REAL x2, REAL y2)
     m_Status = CheckPen(pPen, {x1, y1, x2, y2});
     if (m_Status != Ok)
         return m_Status;
+    const winlite::ClipScope scope(*m_pDC, m_pClip.get());
     const POINT ptFirst = m_pDC->ToSurface(POINT{RoundedToPixel(x1), RoundedToPixel(y1)});
     const POINT ptLast = m_pDC->ToSurface(POINT{RoundedToPixel(x2), RoundedToPixel(y2)});
     DrawOutline(*pPen, winlite::LinePixels(ptFirst, ptLast, m_pDC->Clip().Box()));

@@ -1,8 +1,9 @@
+#include "base/Utf8.h"
+#include "gdiplus/ClipScope.h"
 #include "gdiplus/Coordinates.h"
 #include "gdiplus/GdiPlus.h"
 #include "gdiplus/Startup.h"
 #include "gdiplus/TextEngine.h"
-#include "gdiplus/Utf8.h"
 
 #include <algorithm>
 
@@ -102,10 +103,11 @@ Status Graphics::DrawString(const WCHAR* pszText, INT nLength, const Font* pFont
     m_Status = CheckText(pszText, nLength, pFont, ptOrigin, format);
     if (m_Status == Ok && !pBrush)
         m_Status = InvalidParameter;
-    if (m_Status == Ok)
-        m_Status =
-            Draw(*m_pDC, Layout(Given(pszText, nLength), pFont->m_Face, format), ptOrigin, format, pBrush->Paint());
-    return m_Status;
+    if (m_Status != Ok)
+        return m_Status;
+    const winlite::ClipScope scope(*m_pDC, m_pClip.get());
+    const TextBlock block = Layout(Given(pszText, nLength), pFont->m_Face, format);
+    return m_Status = Draw(*m_pDC, block, ptOrigin, format, pBrush->Paint());
 }
 
 Status Graphics::DrawString(const WCHAR* pszText, INT nLength, const Font* pFont, const PointF& ptOrigin,

@@ -1,8 +1,8 @@
 #include "gdiplus/Text.h"
 
+#include "base/Utf8.h"
 #include "gdiplus/Startup.h"
 #include "gdiplus/TextEngine.h"
-#include "gdiplus/Utf8.h"
 
 namespace Gdiplus
 {

@@ -1,4 +1,6 @@
-#include "gdiplus/Utf8.h"
+#include "base/Utf8.h"
+
+#include <bit>
 
 namespace winlite
 {
@@ -41,6 +43,28 @@ std::string ToUtf8(std::wstring_view strText)
         Append(strUtf8, IsCharacter(uCode) ? uCode : 0xFFFD);
     }
     return strUtf8;
+}
+
+std::optional<std::wstring> FromUtf8(std::string_view strUtf8)
+{
+    std::wstring strText;
+    while (!strUtf8.empty())
+    {
+        const auto uFirst = static_cast<unsigned char>(strUtf8[0]);
+        const int nOnes = std::countl_one(uFirst);
+        const std::size_t nBytes = nOnes == 0 ? 1 : static_cast<std::size_t>(nOnes);
+        if (nBytes > strUtf8.size())
+            return std::nullopt;
+        char32_t uCode = nOnes == 0 ? uFirst : uFirst & (0x7F >> nOnes);
+        for (std::size_t i = 1; i < nBytes; ++i)
+            uCode = uCode << 6 | (static_cast<unsigned char>(strUtf8[i]) & 0x3F);
+        // Written again it must be the same bytes, or it was not well-formed.
+        strText += static_cast<wchar_t>(uCode);
+        if (ToUtf8(std::wstring_view(strText).substr(strText.size() - 1)) != strUtf8.substr(0, nBytes))
+            return std::nullopt;
+        strUtf8.remove_prefix(nBytes);
+    }
+    return strText;
 }
 
 } // namespace winlite
