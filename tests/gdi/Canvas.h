@@ -31,7 +31,8 @@ public:
           hDC(winlite::OpenTyped<HDC>(pDC))
     {
     }
-    Canvas(int cx, const Picture& picture) : Canvas(cx, static_cast<int>(picture.size()) / cx)
+    Canvas(int cx, const Picture& picture, POINT ptOrigin = {})
+        : Canvas(cx, static_cast<int>(picture.size()) / cx, ptOrigin)
     {
         std::copy(picture.begin(), picture.end(), pSurface->PixelsForUpdate());
     }

@@ -4,6 +4,18 @@
 
 #include "gdiplus/GdiPlus.h"
 
+/// Draws with both modes set, as the view does.
+inline Gdiplus::Status DrawNearest(HDC hDC, Gdiplus::Image* pImage, const Gdiplus::RectF& rcDest,
+                                   const Gdiplus::RectF& rcSource)
+{
+    Gdiplus::Graphics graphics(hDC);
+    ::SelectClipRgn(hDC, nullptr); // The clip region is that of its creation.
+    graphics.SetPixelOffsetMode(Gdiplus::PixelOffsetModeHalf);
+    graphics.SetInterpolationMode(Gdiplus::InterpolationModeNearestNeighbor);
+    return graphics.DrawImage(pImage, rcDest, rcSource.X, rcSource.Y, rcSource.Width, rcSource.Height,
+                              Gdiplus::UnitPixel);
+}
+
 /// A test with GDI+ started, that must leave as many handles as it found.
 class GdiPlusStarted : public HandleTest
 {

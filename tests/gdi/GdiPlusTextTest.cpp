@@ -28,7 +28,11 @@ protected:
         const SolidBrush brush(color);
         m_Canvas.pSurface->Fill(m_Canvas.pSurface->Bounds(), 0xFFFFFF);
         m_Canvas.vDamage.clear();
-        EXPECT_EQ(Graphics(m_Canvas.hDC).DrawString(pszText, -1, &font, ptOrigin, pFormat, &brush), Ok);
+        Graphics graphics(m_Canvas.hDC);
+        const auto rgnClip = m_Canvas.pDC->ApplicationClip();
+        m_Canvas.pDC->SetClip(winlite::Region()); // which comes too late
+        EXPECT_EQ(graphics.DrawString(pszText, -1, &font, ptOrigin, pFormat, &brush), Ok);
+        m_Canvas.pDC->SetClip(rgnClip);
         RECT rcChanged = {};
         const Picture picture = m_Canvas.Pixels();
         for (int i = 0; i < static_cast<int>(picture.size()); ++i)

@@ -59,54 +59,6 @@ RECT DrawNearestPixels(Surface& dest, const Region& rgnClip, const Surface& sour
     return DrawRows(dest, rgnClip, RowsOf(source.Pixels(), source.Stride()), axisX.Nearest(), axisY.Nearest());
 }
 
-/// The AND of the source rows, column by column, for one destination row.
-void MergeRows(std::vector<std::uint32_t>& vMerged, const Surface& source, SourceRange rows, SourceRange columns)
-{
-    const std::uint32_t* pRow = source.Pixels() + rows.iFirst * source.Stride() + columns.iFirst;
-    const auto nColumns = static_cast<std::size_t>(columns.iEnd - columns.iFirst);
-    vMerged.assign(pRow, pRow + nColumns);
-    for (int y = rows.iFirst + 1; y < rows.iEnd; ++y)
-    {
-        pRow += source.Stride();
-        for (std::size_t i = 0; i < nColumns; ++i)
-            vMerged[i] &= pRow[i];
-    }
-}
-
-SourceRange SourceExtent(const StretchAxis& axis)
-{
-    const SourceRange first = axis.SourceOf(axis.First());
-    const SourceRange last = axis.SourceOf(axis.End() - 1);
-    return {std::min(first.iFirst, last.iFirst), std::max(first.iEnd, last.iEnd)};
-}
-
-/// Draws with merged pixels ANDed: into a picture of the destination's size first, which is then copied.
-RECT DrawMerged(Surface& dest, const Region& rgnClip, const Surface& source, const StretchAxis& axisX,
-                const StretchAxis& axisY)
-{
-    const RECT rcDest = DestBox(axisX, axisY);
-    const int cx = rcDest.right - rcDest.left;
-    const int cy = rcDest.bottom - rcDest.top;
-    const SourceRange columns = SourceExtent(axisX);
-    std::vector<std::uint32_t> vRow;
-    std::vector<std::uint32_t> vPicture;
-    vPicture.reserve(static_cast<std::size_t>(cx) * cy);
-    for (int y = rcDest.top; y < rcDest.bottom; ++y)
-    {
-        MergeRows(vRow, source, axisY.SourceOf(y), columns);
-        for (int x = rcDest.left; x < rcDest.right; ++x)
-        {
-            const SourceRange range = axisX.SourceOf(x);
-            std::uint32_t uMerged = ~std::uint32_t{0};
-            for (int i = range.iFirst; i < range.iEnd; ++i)
-                uMerged &= vRow[static_cast<std::size_t>(i - columns.iFirst)];
-            vPicture.push_back(uMerged);
-        }
-    }
-    return DrawRows(dest, rgnClip, RowsOf(vPicture.data(), cx), NearestAxis::Unscaled(rcDest.left, cx),
-                    NearestAxis::Unscaled(rcDest.top, cy));
-}
-
 void Stretch(const DeviceContext& dcDest, AxisSpan destX, AxisSpan destY, const DeviceContext& dcSource,
              AxisSpan sourceX, AxisSpan sourceY)
 {
@@ -116,13 +68,11 @@ void Stretch(const DeviceContext& dcDest, AxisSpan destX, AxisSpan destY, const 
     sourceY.iStart += dcSource.Origin().y;
     const Surface& source = dcSource.Target();
     const RECT rcClip = dcDest.Clip().Box();
-    const bool bMerge = dcDest.iStretchMode == BLACKONWHITE;
-    const StretchAxis axisX(destX, sourceX, source.Width(), rcClip.left, rcClip.right, bMerge);
-    const StretchAxis axisY(destY, sourceY, source.Height(), rcClip.top, rcClip.bottom, bMerge);
+    const StretchAxis axisX(destX, sourceX, source.Width(), rcClip.left, rcClip.right);
+    const StretchAxis axisY(destY, sourceY, source.Height(), rcClip.top, rcClip.bottom);
     if (axisX.IsEmpty() || axisY.IsEmpty())
         return;
-    const auto pDraw = axisX.Merges() || axisY.Merges() ? DrawMerged : DrawNearestPixels;
-    dcDest.ReportDamage(pDraw(dcDest.Target(), dcDest.Clip(), source, axisX, axisY));
+    dcDest.ReportDamage(DrawNearestPixels(dcDest.Target(), dcDest.Clip(), source, axisX, axisY));
 }
 
 } // namespace

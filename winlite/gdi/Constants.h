@@ -15,9 +15,6 @@ constexpr int RGN_XOR = 3;
 constexpr int RGN_DIFF = 4;
 constexpr int RGN_COPY = 5;
 
-constexpr int BLACKONWHITE = 1;
-constexpr int COLORONCOLOR = 3;
-
 constexpr int ALTERNATE = 1;
 constexpr int WINDING = 2;
 
@@ -59,5 +56,4 @@ constexpr int BLACK_PEN = 7;
 constexpr int NULL_PEN = 8;
 
 constexpr DWORD BI_RGB = 0;
-constexpr UINT DIB_RGB_COLORS = 0;
 constexpr DWORD RDH_RECTANGLES = 1;

@@ -50,6 +50,8 @@ POINT DeviceContext::ToSurface(POINT ptLogical) const
 
 void DeviceContext::SetClip(const std::optional<Region>& rgnLogical)
 {
+    if (m_rgnApplication == rgnLogical)
+        return;
     m_rgnApplication = rgnLogical;
     UpdateClip();
 }

@@ -34,6 +34,7 @@ public:
 
     /// The application's clip region in logical coordinates; none when empty.
     void SetClip(const std::optional<Region>& rgnLogical);
+    const std::optional<Region>& ApplicationClip() const { return m_rgnApplication; }
 
     /// Changes the surface drawn on (a bitmap was selected).
     void SetTarget(std::shared_ptr<Surface> pSurface);
@@ -54,7 +55,6 @@ public:
     COLORREF crBackground = 0xFFFFFF;
     int iBkMode = OPAQUE;
     int iRop2 = R2_COPYPEN;
-    int iStretchMode = BLACKONWHITE;
     POINT ptBrushOrigin = {};
     POINT ptCurrent = {};
     std::uint64_t nDashPosition = 0; ///< Pixels that LineTo has drawn since the last MoveToEx.

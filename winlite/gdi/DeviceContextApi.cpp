@@ -62,14 +62,6 @@ int GetROP2(HDC hDC)
     return pDC ? pDC->iRop2 : 0;
 }
 
-int SetStretchBltMode(HDC hDC, int iMode)
-{
-    const auto pDC = FindDC(hDC);
-    if (!pDC || (iMode != BLACKONWHITE && iMode != COLORONCOLOR))
-        return 0;
-    return std::exchange(pDC->iStretchMode, iMode);
-}
-
 BOOL SetBrushOrgEx(HDC hDC, int x, int y, LPPOINT pptOld)
 {
     const auto pDC = FindDC(hDC);

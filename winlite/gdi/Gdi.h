@@ -93,7 +93,7 @@ BOOL DeleteObject(HGDIOBJ hObject);
 int GetObject(HGDIOBJ hObject, int nBytes, LPVOID pBuffer);
 
 /// Puts a bitmap (memory device contexts only, one at a time), brush or pen into the device context and returns the one
-/// it replaces; NULL on failure.
+/// it replaces; NULL on failure. A region becomes the clip region, a copy of it, and its complexity is returned.
 HGDIOBJ SelectObject(HDC hDC, HGDIOBJ hObject);
 
 // ---- device contexts
@@ -118,9 +118,6 @@ int GetBkMode(HDC hDC);
 int SetROP2(HDC hDC, int iRop2);
 int GetROP2(HDC hDC);
 
-/// Sets how StretchBlt shrinks (BLACKONWHITE, COLORONCOLOR) and returns the mode before; 0 for others.
-int SetStretchBltMode(HDC hDC, int iMode);
-
 /// Where pattern brushes begin, in logical coordinates; the origin before goes to pptOld unless NULL.
 BOOL SetBrushOrgEx(HDC hDC, int x, int y, LPPOINT pptOld);
 
@@ -142,15 +139,6 @@ HBITMAP CreateBitmapFromPackedDIB(const void* pDib, std::size_t nBytes);
 /// Copies the bitmap's rows, top row first, bmWidthBytes each: at most nBytes (a negative number means all). The bytes
 /// copied, or the size of all rows when pBits is NULL; 0 on failure.
 LONG GetBitmapBits(HBITMAP hBitmap, LONG nBytes, LPVOID pBits);
-
-/// Copies the bitmap's lines iStart to iStart + nLines into a DIB of 24 or 32 bits, to whose line iStart pBits points.
-/// Line 0 is the bitmap's bottom row, or its top row when biHeight is negative. The lines copied; 0 on failure. With
-/// NULL bits, describes the bitmap as a 32-bit DIB in the header and returns its height. hDC and uUsage have no effect.
-int GetDIBits(HDC hDC, HBITMAP hBitmap, UINT iStart, UINT nLines, LPVOID pBits, BITMAPINFO* pInfo, UINT uUsage);
-
-/// Copies lines of a DIB of 16, 24 or 32 bits into the bitmap, counted as by GetDIBits. The lines copied.
-int SetDIBits(HDC hDC, HBITMAP hBitmap, UINT iStart, UINT nLines, const void* pBits, const BITMAPINFO* pInfo,
-              UINT uUsage);
 
 // ---- drawing
 
@@ -189,9 +177,9 @@ BOOL Ellipse(HDC hDC, int iLeft, int iTop, int iRight, int iBottom);
 BOOL BitBlt(HDC hDest, int x, int y, int cx, int cy, HDC hSrc, int xSrc, int ySrc, DWORD dwRop);
 
 /// Copies, mirroring where one of the two sizes is negative (the start coordinate is then included and pixels run
-/// towards smaller ones), and scaling where their absolute values differ: enlarging repeats pixels; shrinking drops
-/// them (COLORONCOLOR) or ANDs the merged ones (BLACKONWHITE). Only SRCCOPY: FALSE for other operations. Different from
-/// Windows: both sizes negative on an axis copies unmirrored, and a destination 1 wide merges all of its source.
+/// towards smaller ones), and scaling where their absolute values differ: enlarging repeats pixels, shrinking drops
+/// them. Only SRCCOPY: FALSE for other operations. Different from Windows: there is no stretch mode, where Windows
+/// merges pixels by default; both sizes negative on an axis copies unmirrored.
 BOOL StretchBlt(HDC hDest, int x, int y, int cx, int cy, HDC hSrc, int xSrc, int ySrc, int cxSrc, int cySrc,
                 DWORD dwRop);
 

@@ -163,6 +163,8 @@ HGDIOBJ SelectObject(HDC hDC, HGDIOBJ hObject)
     const auto pObject = FindHandleAs<GdiObject>(hObject);
     if (!pDC || !pObject)
         return nullptr;
+    if (std::dynamic_pointer_cast<RegionObject>(pObject))
+        return reinterpret_cast<HGDIOBJ>(static_cast<UINT_PTR>(::SelectClipRgn(hDC, static_cast<HRGN>(hObject))));
     if (auto pBitmap = std::dynamic_pointer_cast<BitmapObject>(pObject))
         return SelectBitmap(hDC, *pDC, static_cast<HBITMAP>(hObject), *pBitmap);
     if (auto pBrush = std::dynamic_pointer_cast<BrushObject>(pObject))

@@ -1,5 +1,8 @@
 #include "gdi/PixelPool.h"
 
+#include "base/HugePages.h"
+#include "base/Thread.h"
+
 #include <algorithm>
 
 namespace winlite
@@ -32,6 +35,7 @@ PixelPool& PixelPool::Get()
 
 PixelPool::Buffer PixelPool::Take(std::size_t nPixels)
 {
+    AssertUserInterfaceThread();
     const std::size_t nCapacity = CapacityFor(nPixels);
     const auto it = std::ranges::find(m_vFree, nCapacity, &FreeBuffer::nCapacity);
     if (it != m_vFree.end())
@@ -42,12 +46,14 @@ PixelPool::Buffer PixelPool::Take(std::size_t nPixels)
         return pBuffer;
     }
     Buffer pBuffer = std::make_unique_for_overwrite<std::uint32_t[]>(nCapacity);
+    AskForHugePages(pBuffer.get(), nCapacity * PIXEL_BYTES);
     m_nBytes += nCapacity * PIXEL_BYTES;
     return pBuffer;
 }
 
 void PixelPool::GiveBack(Buffer pBuffer, std::size_t nPixels)
 {
+    AssertUserInterfaceThread();
     const std::size_t nCapacity = CapacityFor(nPixels);
     const std::size_t nBytes = nCapacity * PIXEL_BYTES;
     if (nPixels < STEP_PIXELS || nBytes > MOST_FREE_BYTES)

@@ -5,32 +5,26 @@
 namespace winlite
 {
 
-StretchAxis::StretchAxis(const AxisSpan& dest, const AxisSpan& source, int nSourcePixels, int iClipFirst, int iClipEnd,
-                         bool bMerge)
+StretchAxis::StretchAxis(const AxisSpan& dest, const AxisSpan& source, int nSourcePixels, int iClipFirst, int iClipEnd)
     : m_iDestLow(dest.Lowest()), m_nDest(dest.Length()), m_iSourceLow(source.Lowest()), m_nSource(source.Length()),
-      m_nSourcePixels(nSourcePixels), m_bMerge(bMerge && m_nSource > m_nDest),
       m_bMirrorDest(dest.nSize < 0 && source.nSize > 0), m_bMirrorSource(source.nSize < 0 && dest.nSize > 0)
 {
     if (m_nDest == 0 || m_nSource == 0)
         return;
     m_iStepFirst = FirstStepFrom(0);
-    m_iStepEnd = FirstStepFrom(m_nSourcePixels);
-    // The range before the first that begins on the source may reach into it.
-    if (m_bMerge && m_iStepFirst > 0 && SourceOfStep(m_iStepFirst - 1).iEnd > 0)
-        --m_iStepFirst;
+    m_iStepEnd = FirstStepFrom(nSourcePixels);
     if (m_iStepFirst < m_iStepEnd)
         LimitTo(iClipFirst, iClipEnd);
 }
 
-SourceRange StretchAxis::SourceOf(int iPosition) const
+int StretchAxis::SourceOf(int iPosition) const
 {
     std::int64_t iStep = iPosition - m_iDestLow;
     if (m_bMirrorDest)
         iStep = m_nDest - 1 - iStep;
     if (m_bMirrorSource)
         iStep = m_iStepFirst + m_iStepEnd - 1 - iStep;
-    const SourceRange range = SourceOfStep(iStep);
-    return {std::max(range.iFirst, 0), std::min(range.iEnd, m_nSourcePixels)};
+    return SourceOfStep(iStep);
 }
 
 NearestAxis StretchAxis::Nearest() const
@@ -41,18 +35,14 @@ NearestAxis StretchAxis::Nearest() const
         return axis;
     axis.vSource.reserve(static_cast<std::size_t>(m_iEnd) - m_iFirst);
     for (int i = m_iFirst; i < m_iEnd; ++i)
-        axis.vSource.push_back(SourceOf(i).iFirst);
+        axis.vSource.push_back(SourceOf(i));
     return axis;
 }
 
-SourceRange StretchAxis::SourceOfStep(std::int64_t iStep) const
+int StretchAxis::SourceOfStep(std::int64_t iStep) const
 {
     // Sizes have at most 32 bits, so the products fit 64.
-    if (m_bMerge)
-        return {Saturated(m_iSourceLow + iStep * m_nSource / m_nDest),
-                Saturated(m_iSourceLow + (iStep + 1) * m_nSource / m_nDest)};
-    const std::int64_t iSource = m_iSourceLow + (2 * iStep + 1) * m_nSource / (2 * m_nDest);
-    return {Saturated(iSource), Saturated(iSource + 1)};
+    return Saturated(m_iSourceLow + (2 * iStep + 1) * m_nSource / (2 * m_nDest));
 }
 
 std::int64_t StretchAxis::FirstStepFrom(std::int64_t iSource) const
@@ -62,7 +52,7 @@ std::int64_t StretchAxis::FirstStepFrom(std::int64_t iSource) const
     while (iFirst < iEnd)
     {
         const std::int64_t iMiddle = (iFirst + iEnd) / 2;
-        if (SourceOfStep(iMiddle).iFirst < iSource)
+        if (SourceOfStep(iMiddle) < iSource)
             iFirst = iMiddle + 1;
         else
             iEnd = iMiddle;

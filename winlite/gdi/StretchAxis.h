@@ -16,38 +16,26 @@ struct AxisSpan
     std::int64_t Lowest() const { return nSize < 0 ? iStart + nSize + 1 : iStart; }
 };
 
-/// Source pixels iFirst to iEnd, without the latter.
-struct SourceRange
-{
-    int iFirst;
-    int iEnd;
-};
-
 /// One axis of a block copy that scales and mirrors, with everything beyond the source's pixels cut off. Destination
-/// pixel k of D takes source pixel floor((2k + 1) S / 2D) of S, or, merging S > D pixels, the range from floor(k S / D)
-/// to floor((k + 1) S / D). A mirrored source is cut first and then mirrored within what is left.
+/// pixel k of D takes source pixel floor((2k + 1) S / 2D) of S. A mirrored source is cut first and then mirrored within
+/// what is left.
 class StretchAxis
 {
 public:
     /// The source has pixels 0 to nSourcePixels. The destination shows only [iClipFirst, iClipEnd).
-    StretchAxis(const AxisSpan& dest, const AxisSpan& source, int nSourcePixels, int iClipFirst, int iClipEnd,
-                bool bMerge = false);
+    StretchAxis(const AxisSpan& dest, const AxisSpan& source, int nSourcePixels, int iClipFirst, int iClipEnd);
 
     /// The destination positions that get something: First up to End.
     int First() const { return m_iFirst; }
     int End() const { return m_iEnd; }
     bool IsEmpty() const { return m_iFirst >= m_iEnd; }
 
-    bool Merges() const { return m_bMerge; }
-
-    /// The source pixels of a destination position from First to End.
-    SourceRange SourceOf(int iPosition) const;
-
-    /// All of them, for an axis that does not merge.
+    /// The source pixels that they get.
     NearestAxis Nearest() const;
 
 private:
-    SourceRange SourceOfStep(std::int64_t iStep) const;
+    int SourceOf(int iPosition) const;
+    int SourceOfStep(std::int64_t iStep) const;
     std::int64_t FirstStepFrom(std::int64_t iSource) const;
     void LimitTo(int iClipFirst, int iClipEnd);
 
@@ -55,8 +43,6 @@ private:
     std::int64_t m_nDest;
     std::int64_t m_iSourceLow;
     std::int64_t m_nSource;
-    int m_nSourcePixels;
-    bool m_bMerge;
     bool m_bMirrorDest;
     bool m_bMirrorSource;
     std::int64_t m_iStepFirst = 0; ///< Steps 0 to D count along the source; these have pixels there.
