@@ -161,3 +161,43 @@ TEST_F(PaintTest, ALongHandlerIsShownAtTheScreensPace)
     desktop.Advance(16);
     EXPECT_EQ(repaint(), nBefore + 1);
 }
+
+TEST_F(PaintTest, OnlyALoopThatFollowsThePointerWaitsForTheScreen)
+{
+    bool bAsksOnce = false, bAsksAgain = false;
+    const auto repaintThrice = [&](HWND hWnd)
+    {
+        for (int i = 0; i < 3; ++i)
+        {
+            POINT pt;
+            if (bAsksAgain || (bAsksOnce && i == 1))
+                ::GetCursorPos(&pt);
+            ::InvalidateRect(hWnd, nullptr, FALSE);
+            ::UpdateWindow(hWnd);
+        }
+    };
+    Hooks[{'P', WM_MOUSEMOVE}] = repaintThrice;
+    const struct
+    {
+        const char* pszWhat;
+        bool bCaptured, bAsksOnce, bAsksAgain;
+        DWORD uMsPerMove;
+    } vCases[] = {
+        {"draws a lot", true, false, false, 0},
+        {"tells where the pointer is", true, true, false, 0},
+        {"moves over the window only", false, false, true, 0},
+        {"scrolls while the pointer is at the edge", true, false, true, 16},
+    };
+    for (const auto& c : vCases)
+    {
+        ::SetCapture(c.bCaptured ? hTop : nullptr);
+        bAsksOnce = c.bAsksOnce;
+        bAsksAgain = c.bAsksAgain;
+        const DWORD uStart = ::GetTickCount();
+        const MSG move = {hTop, WM_MOUSEMOVE, 0, 0, 0, {}};
+        for (int i = 0; i < 50; ++i)
+            ::DispatchMessage(&move);
+        EXPECT_EQ(::GetTickCount() - uStart, 50 * c.uMsPerMove) << c.pszWhat;
+        ::ReleaseCapture();
+    }
+}

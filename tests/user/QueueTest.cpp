@@ -1,3 +1,4 @@
+#include "gdi/Surface.h"
 #include "Recorder.h"
 #include "user/Input.h"
 
@@ -107,6 +108,8 @@ TEST_F(QueueTest, AWorkerMaySampleThePointerWhileWindowsComeAndGo)
         ::CreateWindowEx(0, L"plain", L"", WS_VISIBLE, 0, 0, 60, 50, nullptr, nullptr, nullptr, nullptr);
     std::atomic<bool> bStop = false;
     std::atomic<int> nSamples = 0;
+    std::atomic<HWND> hPassing = nullptr;
+    const std::size_t nBytes = winlite::Surface::BytesInUse();
     std::thread worker(
         [&]
         {
@@ -117,6 +120,9 @@ TEST_F(QueueTest, AWorkerMaySampleThePointerWhileWindowsComeAndGo)
                 ::ScreenToClient(hWindow, &pt);
                 const RECT rc = {pt.x, pt.y, pt.x + 1, pt.y + 1};
                 ::InvalidateRect(hWindow, &rc, FALSE);
+                ::ScreenToClient(hPassing, &pt);
+                ::InvalidateRect(hPassing, nullptr, FALSE);
+                ::PostMessage(hPassing, WM_USER + 1, 0, 0);
                 EXPECT_EQ(::GetCapture(), nullptr);
                 ::GetAsyncKeyState(VK_LBUTTON);
                 if (nSamples % 64 == 0)
@@ -131,8 +137,8 @@ TEST_F(QueueTest, AWorkerMaySampleThePointerWhileWindowsComeAndGo)
         winlite::QueuePointerMove(hWindow, {i % 50, i % 40});
         winlite::QueueButton(hWindow, winlite::MouseButton::Left, i % 2 == 0, {i % 50, i % 40});
         ::SetCapture(hWindow);
-        const HWND hPassing = ::CreateWindowEx(0, L"SCROLLBAR", L"", WS_CHILD | WS_VISIBLE, 0, 0, 9, 9, hWindow,
-                                               nullptr, nullptr, nullptr);
+        hPassing = ::CreateWindowEx(0, L"SCROLLBAR", L"", WS_CHILD | WS_VISIBLE, 0, 0, 9, 9, hWindow, nullptr, nullptr,
+                                    nullptr);
         ::MoveWindow(hWindow, i % 7, i % 5, 60 + i % 3, 50, TRUE);
         desktop.DispatchPending();
         ::DestroyWindow(hPassing);
@@ -140,7 +146,10 @@ TEST_F(QueueTest, AWorkerMaySampleThePointerWhileWindowsComeAndGo)
     ::ReleaseCapture();
     bStop = true;
     worker.join();
+    MSG msg;
+    EXPECT_FALSE(::PeekMessage(&msg, nullptr, WM_USER + 1, WM_USER + 1, PM_NOREMOVE)) << "for windows that are gone";
     desktop.DispatchPending();
     EXPECT_FALSE(::GetUpdateRect(hWindow, nullptr, FALSE));
+    EXPECT_LE(winlite::Surface::BytesInUse(), nBytes + (std::size_t{4} << 20)) << "more than the pool keeps";
     ::DestroyWindow(hWindow);
 }

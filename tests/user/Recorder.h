@@ -88,7 +88,8 @@ private:
             {WM_ERASEBKGND, "erase"},  {WM_PAINT, "paint"},         {WM_PARENTNOTIFY, "notify"},
             {WM_DESTROY, "destroy"},   {WM_USER, "user"},           {WM_WINDOWPOSCHANGING, "changing"},
             {WM_TIMER, "timer"},       {WM_SIZE, "size"},           {WM_WINDOWPOSCHANGED, "changed"},
-            {WM_MOVE, "move"},         {WM_NCDESTROY, "ncdestroy"},
+            {WM_MOVE, "move"},         {WM_NCDESTROY, "ncdestroy"}, {WM_SETFOCUS, "focus"},
+            {WM_KILLFOCUS, "blur"},    {WM_MOUSEMOVE, "mouse"},     {WM_CAPTURECHANGED, "lost"},
         };
         const std::string strName = s_Names.at(uMessage);
         const auto dwPair = static_cast<DWORD_PTR>(lParam);

@@ -57,6 +57,20 @@ TEST_F(WindowTest, AWindowOrItsParentMayBeDestroyedInsideAnyOfItsMessages)
     }
 }
 
+TEST_F(WindowTest, HidingByPositionLeavesTheFocus)
+{
+    for (const bool bByPosition : {false, true})
+    {
+        const HWND hA = Make('A', WS_VISIBLE, {0, 0, 2, 2}, hTop);
+        ::SetFocus(hA);
+        constexpr UINT HIDE = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_HIDEWINDOW;
+        EXPECT_TRUE(bByPosition ? ::SetWindowPos(hA, nullptr, 0, 0, 0, 0, HIDE) : ::ShowWindow(hA, SW_HIDE));
+        EXPECT_FALSE(::IsWindowVisible(hA));
+        EXPECT_EQ(::GetFocus(), bByPosition ? hA : hTop);
+        ::DestroyWindow(hA);
+    }
+}
+
 TEST_F(WindowTest, WildSizesAndPositionsAreLimited)
 {
     constexpr int vWild[] = {INT_MIN, INT_MIN + 1, -40000, -1, 0, 32768, INT_MAX - 1, INT_MAX};
@@ -79,4 +93,23 @@ TEST_F(WindowTest, WildSizesAndPositionsAreLimited)
             ::DestroyWindow(hB);
         }
     }
+}
+
+TEST_F(WindowTest, TheVirtualScreenIsTheBoxAroundAllScreens)
+{
+    struct CTwoScreens : winlite::HeadlessDesktop
+    {
+        RECT VirtualScreen() override { return {-1280, -100, 1920, 1080}; }
+    };
+    const auto rcVirtual = []
+    {
+        const int x = ::GetSystemMetrics(SM_XVIRTUALSCREEN), y = ::GetSystemMetrics(SM_YVIRTUALSCREEN);
+        return RECT{x, y, x + ::GetSystemMetrics(SM_CXVIRTUALSCREEN), y + ::GetSystemMetrics(SM_CYVIRTUALSCREEN)};
+    };
+    EXPECT_EQ(rcVirtual(), (RECT{0, 0, 1920, 1080}));
+    {
+        CTwoScreens desktopWide;
+        EXPECT_EQ(rcVirtual(), desktopWide.VirtualScreen());
+    }
+    winlite::SetDesktop(&desktop);
 }

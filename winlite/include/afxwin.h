@@ -1,8 +1,11 @@
 #pragma once
 
+#include "files/Files.h"
 #include "mfc/Array.h"
 #include "mfc/DC.h"
 #include "mfc/Exception.h"
+#include "mfc/File.h"
+#include "mfc/FileException.h"
 #include "mfc/GdiObject.h"
 #include "mfc/Geometry.h"
 #include "mfc/Module.h"

@@ -2,8 +2,6 @@
 
 #include "gdi/Gdi.h"
 
-#include <algorithm>
-#include <array>
 #include <cstring>
 #include <optional>
 
@@ -80,8 +78,8 @@ std::optional<DirectoryEntry> ChooseImage(Bytes vFile)
     return chosen;
 }
 
-/// One image: a header with twice the height, a colour table, the colours' rows and then those of a mask of one bit a
-/// pixel; all rows from the bottom up and padded to 4 bytes.
+/// One image of 32 bits a pixel: a header with twice the height, the colours' rows and then those of a mask of one bit
+/// a pixel; all rows from the bottom up and padded to 4 bytes.
 class CursorImage
 {
 public:
@@ -94,8 +92,7 @@ public:
 private:
     bool ReadHeader(Bytes vImage);
     bool TakeParts(Bytes vImage);
-    void ReadColourTable(Bytes vTable);
-    std::size_t RowBytes(int iBitsPixel) const { return (static_cast<std::size_t>(m_cx) * iBitsPixel + 31) / 32 * 4; }
+    std::size_t MaskRowBytes() const { return (static_cast<std::size_t>(m_cx) + 31) / 32 * 4; }
     bool HasAlpha() const;
     bool IsMasked(int x, int y) const;
     std::uint32_t ColourAt(int x, int y) const;
@@ -103,10 +100,7 @@ private:
 
     int m_cx = 0;
     int m_cy = 0;
-    int m_iBitsPixel = 0;
     std::size_t m_nHeaderBytes = 0;
-    std::size_t m_nTableColours = 0;
-    std::array<std::uint32_t, 256> m_vTable = {}; ///< A number beyond the file's table is black.
     Bytes m_vColours;
     Bytes m_vMask;
 };
@@ -121,64 +115,42 @@ std::optional<CursorImage> CursorImage::From(Bytes vImage)
 
 bool CursorImage::ReadHeader(Bytes vImage)
 {
-    constexpr WORD DEPTHS[] = {1, 4, 8, 24, 32};
     const auto header = ReadAt<BITMAPINFOHEADER>(vImage, 0);
     if (!header || header->biSize < sizeof(BITMAPINFOHEADER) || header->biCompression != BI_RGB)
         return false;
-    if (std::ranges::find(DEPTHS, header->biBitCount) == std::end(DEPTHS))
+    if (header->biBitCount != 32)
         return false;
     if (header->biWidth <= 0 || header->biWidth > LARGEST_SIDE || header->biHeight <= 0 || header->biHeight % 2 != 0 ||
         header->biHeight / 2 > LARGEST_SIDE)
         return false;
     m_cx = header->biWidth;
     m_cy = header->biHeight / 2;
-    m_iBitsPixel = header->biBitCount;
     m_nHeaderBytes = header->biSize;
-    const std::size_t nMostColours = m_iBitsPixel <= 8 ? std::size_t{1} << m_iBitsPixel : 0;
-    m_nTableColours = m_iBitsPixel <= 8 && header->biClrUsed ? header->biClrUsed : nMostColours;
-    return m_nTableColours <= nMostColours;
+    return true;
 }
 
 bool CursorImage::TakeParts(Bytes vImage)
 {
-    const std::size_t nTableBytes = m_nTableColours * sizeof(RGBQUAD);
-    const std::size_t nColourBytes = RowBytes(m_iBitsPixel) * m_cy;
-    const auto vTable = PartOf(vImage, m_nHeaderBytes, nTableBytes);
-    const auto vColours = PartOf(vImage, m_nHeaderBytes + nTableBytes, nColourBytes);
-    const auto vMask = PartOf(vImage, m_nHeaderBytes + nTableBytes + nColourBytes, RowBytes(1) * m_cy);
-    if (!vTable || !vColours || !vMask)
+    const std::size_t nColourBytes = sizeof(std::uint32_t) * m_cx * m_cy;
+    const auto vColours = PartOf(vImage, m_nHeaderBytes, nColourBytes);
+    const auto vMask = PartOf(vImage, m_nHeaderBytes + nColourBytes, MaskRowBytes() * m_cy);
+    if (!vColours || !vMask)
         return false;
-    ReadColourTable(*vTable);
     m_vColours = *vColours;
     m_vMask = *vMask;
     return true;
 }
 
-void CursorImage::ReadColourTable(Bytes vTable)
-{
-    for (std::size_t i = 0; i < m_nTableColours; ++i)
-        m_vTable[i] = *ReadAt<std::uint32_t>(vTable, i * sizeof(RGBQUAD)) & 0xFFFFFF;
-}
-
-/// The colour of a pixel, y from the top: 0x00RRGGBB, with the alpha byte in front for 32 bits.
+/// A pixel as 0xAARRGGBB, y from the top.
 std::uint32_t CursorImage::ColourAt(int x, int y) const
 {
-    const BYTE* pRow = m_vColours.data() + RowBytes(m_iBitsPixel) * (m_cy - 1 - y);
-    if (m_iBitsPixel <= 8)
-    {
-        const int iBit = x * m_iBitsPixel;
-        const int iShift = 8 - m_iBitsPixel - iBit % 8; // The leftmost pixel is in the highest bits.
-        return m_vTable[pRow[iBit / 8] >> iShift & ((1 << m_iBitsPixel) - 1)];
-    }
-    const BYTE* pPixel = pRow + x * m_iBitsPixel / 8;
-    const std::uint32_t uAlpha = m_iBitsPixel == 32 ? pPixel[3] : 0;
-    return uAlpha << 24 | static_cast<std::uint32_t>(pPixel[2]) << 16 | static_cast<std::uint32_t>(pPixel[1]) << 8 |
-           pPixel[0];
+    return *ReadAt<std::uint32_t>(m_vColours,
+                                  sizeof(std::uint32_t) * (static_cast<std::size_t>(m_cx) * (m_cy - 1 - y) + x));
 }
 
 bool CursorImage::IsMasked(int x, int y) const
 {
-    return (m_vMask[RowBytes(1) * (m_cy - 1 - y) + x / 8] << x % 8 & 0x80) != 0;
+    return (m_vMask[MaskRowBytes() * (m_cy - 1 - y) + x / 8] << x % 8 & 0x80) != 0;
 }
 
 bool CursorImage::HasAlpha() const

@@ -1,4 +1,5 @@
 #include "base/StateLock.h"
+#include "base/Thread.h"
 #include "user/InputQueue.h"
 #include "user/Queue.h"
 #include "user/Window.h"
@@ -19,6 +20,7 @@ HWND s_hCapture = nullptr;
 
 void SetCaptureTo(HWND hNew)
 {
+    AssertUserInterfaceThread();
     HWND hOld;
     {
         StateLock lock;
@@ -26,6 +28,12 @@ void SetCaptureTo(HWND hNew)
     }
     if (hOld)
         ::SendMessage(hOld, WM_CAPTURECHANGED, 0, reinterpret_cast<LPARAM>(hNew));
+}
+
+void SetActive(HWND hTopLevel)
+{
+    StateLock lock;
+    s_hActive = hTopLevel;
 }
 
 void RememberFocus(HWND hWnd)
@@ -41,14 +49,14 @@ std::optional<MSG> MessageFor(const ActivationEvent& event, DWORD)
     const auto pTopLevel = FindWindowObject(event.hTopLevel);
     if (event.bActive && pTopLevel)
     {
-        s_hActive = event.hTopLevel;
+        SetActive(event.hTopLevel);
         if (!pTopLevel->HasStyle(WS_MINIMIZE))
             ::SetFocus(::IsWindow(pTopLevel->hLastFocus) ? pTopLevel->hLastFocus : event.hTopLevel);
     }
-    else if (!event.bActive && s_hActive == event.hTopLevel)
+    else if (!event.bActive && ::GetActiveWindow() == event.hTopLevel)
     {
         const HWND hFocus = ::GetFocus();
-        s_hActive = nullptr;
+        SetActive(nullptr);
         ::SetFocus(nullptr);
         if (pTopLevel && hFocus)
             pTopLevel->hLastFocus = hFocus;
@@ -85,6 +93,7 @@ using namespace winlite;
 
 HWND SetFocus(HWND hWnd)
 {
+    AssertUserInterfaceThread();
     if (hWnd && (!::IsWindow(hWnd) || !::IsWindowEnabled(hWnd)))
         return nullptr;
     HWND hOld;
@@ -140,6 +149,7 @@ HWND GetCapture()
 
 BOOL EnableWindow(HWND hWnd, BOOL bEnable)
 {
+    AssertUserInterfaceThread();
     const auto pWindow = FindWindowObject(hWnd);
     if (!pWindow)
         return FALSE;

@@ -1,7 +1,10 @@
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "base/Thread.h"
 #include "gdi/RectMath.h"
+#include "user/Journal.h"
 #include "user/WindowObject.h"
+#include "user/Workers.h"
 
 #include <algorithm>
 
@@ -46,6 +49,24 @@ void ApplyPosition(WindowObject& window, WINDOWPOS& pos)
         InvalidateTree(*window.pParent, Region(rcOld) -= rcNew, true, InvalidReason::Uncovered);
 }
 
+POINT OriginOf(const WindowObject& window)
+{
+    StateLock lock;
+    return window.ScreenOrigin();
+}
+
+/// When a worker asks, the window may just be moving.
+POINT OriginForWorker(const WindowObject& window)
+{
+    const JournalNumbers vOrigin = AskAsWorker("worker-origin",
+                                               [&window](const JournalNumbers* pRecorded)
+                                               {
+                                                   const POINT ptNow = OriginOf(window);
+                                                   return pRecorded ? *pRecorded : JournalNumbers{ptNow.x, ptNow.y};
+                                               });
+    return {static_cast<LONG>(vOrigin[0]), static_cast<LONG>(vOrigin[1])};
+}
+
 } // namespace
 
 } // namespace winlite
@@ -54,6 +75,7 @@ using namespace winlite;
 
 BOOL SetWindowPos(HWND hWnd, HWND hAfter, int x, int y, int cx, int cy, UINT uFlags)
 {
+    AssertUserInterfaceThread();
     const auto pWindow = FindWindowObject(hWnd);
     if (!pWindow)
         return FALSE;
@@ -68,7 +90,7 @@ BOOL SetWindowPos(HWND hWnd, HWND hAfter, int x, int y, int cx, int cy, UINT uFl
     if (bChanged && !pWindow->pParent && HasDesktop() && ::IsWindow(hWnd))
         TheDesktop().WindowChanged(hWnd);
     if (pos.flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW))
-        ::ShowWindow(hWnd, pos.flags & SWP_SHOWWINDOW ? SW_SHOW : SW_HIDE);
+        ShowInPlace(*pWindow, pos.flags & SWP_SHOWWINDOW);
     return TRUE;
 }
 
@@ -102,8 +124,7 @@ BOOL ClientToScreen(HWND hWnd, LPPOINT ppt)
     const auto pWindow = FindWindowObject(hWnd);
     if (!pWindow)
         return FALSE;
-    StateLock lock;
-    const POINT ptOrigin = pWindow->ScreenOrigin();
+    const POINT ptOrigin = OriginOf(*pWindow);
     *ppt = {Saturated(std::int64_t{ppt->x} + ptOrigin.x), Saturated(std::int64_t{ppt->y} + ptOrigin.y)};
     return TRUE;
 }
@@ -113,8 +134,7 @@ BOOL ScreenToClient(HWND hWnd, LPPOINT ppt)
     const auto pWindow = FindWindowObject(hWnd);
     if (!pWindow)
         return FALSE;
-    StateLock lock;
-    const POINT ptOrigin = pWindow->ScreenOrigin();
+    const POINT ptOrigin = Workers::Current() ? OriginForWorker(*pWindow) : OriginOf(*pWindow);
     *ppt = {Saturated(std::int64_t{ppt->x} - ptOrigin.x), Saturated(std::int64_t{ppt->y} - ptOrigin.y)};
     return TRUE;
 }

@@ -6,6 +6,7 @@
 #include "user/KeyState.h"
 
 #include <deque>
+#include <utility>
 
 namespace winlite
 {
@@ -20,11 +21,19 @@ std::deque<InputEvent>& Waiting()
     return *pWaiting;
 }
 
-/// A message that was looked at and not taken.
-std::optional<MSG>& Peeked()
+/// A message that was looked at and not taken. Guarded by StateLock.
+std::optional<MSG> s_Peeked;
+
+std::optional<MSG> Peeked(bool bTake)
 {
-    static std::optional<MSG> s_Message;
-    return s_Message;
+    StateLock lock;
+    return bTake ? std::exchange(s_Peeked, std::nullopt) : s_Peeked;
+}
+
+void SetPeeked(const std::optional<MSG>& msg)
+{
+    StateLock lock;
+    s_Peeked = msg;
 }
 
 template<class T>
@@ -103,22 +112,19 @@ void QueueCaptureLost() { Queue(CaptureLostEvent{}); }
 bool HasInput()
 {
     StateLock lock;
-    return Peeked() || !Waiting().empty();
+    return s_Peeked || !Waiting().empty();
 }
 
 std::optional<MSG> NextInputMessage(bool bTake)
 {
-    while (!Peeked())
+    while (!Peeked(false))
     {
         const std::optional<InputEvent> event = TheJournal().OnInput(TakeOldest());
         if (!event)
             return std::nullopt;
-        Peeked() = std::visit([&](const auto& what) { return MessageFor(what, event->uTime); }, event->what);
+        SetPeeked(std::visit([&](const auto& what) { return MessageFor(what, event->uTime); }, event->what));
     }
-    const std::optional<MSG> msg = Peeked();
-    if (bTake)
-        Peeked().reset();
-    return msg;
+    return Peeked(bTake);
 }
 
 } // namespace winlite

@@ -1,7 +1,13 @@
 #include "user/Journal.h"
 
 #include "base/StateLock.h"
+#include "base/Thread.h"
 #include "user/WindowObject.h"
+#include "user/Workers.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <utility>
 
 namespace winlite
 {
@@ -9,7 +15,45 @@ namespace winlite
 namespace
 {
 
-thread_local InputJournal* t_pJournal = nullptr;
+InputJournal* s_pJournal = nullptr; ///< Written on the user-interface thread, with s_WorkerCalls locked.
+thread_local bool t_bInFreePaint = false;
+
+/// The workers that are in a call of the journal.
+struct WorkerCalls
+{
+    std::mutex mutex;
+    std::condition_variable cvLeft;
+    int nInside = 0;
+};
+
+WorkerCalls& TheCalls()
+{
+    static auto* pCalls = new WorkerCalls;
+    return *pCalls;
+}
+
+/// Keeps the journal there while a worker is in it. Without one nothing is kept: whoever takes the journal away would
+/// wait for a worker that asks again and again.
+class WorkerCallScope
+{
+public:
+    WorkerCallScope()
+    {
+        const std::scoped_lock lock(TheCalls().mutex);
+        pJournal = s_pJournal;
+        TheCalls().nInside += pJournal != nullptr;
+    }
+    ~WorkerCallScope()
+    {
+        const std::scoped_lock lock(TheCalls().mutex);
+        TheCalls().nInside -= pJournal != nullptr;
+        TheCalls().cvLeft.notify_all();
+    }
+    WorkerCallScope(const WorkerCallScope&) = delete;
+    WorkerCallScope& operator=(const WorkerCallScope&) = delete;
+
+    InputJournal* pJournal;
+};
 
 HWND FindNumber(const std::vector<std::shared_ptr<WindowObject>>& vWindows, int iNumber)
 {
@@ -25,13 +69,34 @@ HWND FindNumber(const std::vector<std::shared_ptr<WindowObject>>& vWindows, int 
 
 } // namespace
 
-void SetJournal(InputJournal* pJournal) { t_pJournal = pJournal; }
+JournalNumbers InputJournal::OnWorkerAsks(int, const char*, const JournalAnswer& answer) { return answer(nullptr); }
+
+void SetJournal(InputJournal* pJournal)
+{
+    WorkerCalls& calls = TheCalls();
+    std::unique_lock lock(calls.mutex);
+    s_pJournal = pJournal;
+    if (!pJournal)
+        calls.cvLeft.wait(lock, [&calls] { return calls.nInside == 0; });
+}
 
 InputJournal& TheJournal()
 {
     static InputJournal s_PassesAll;
-    return t_pJournal ? *t_pJournal : s_PassesAll;
+    const bool bConcerned = !t_bInFreePaint && IsUserInterfaceThread();
+    return bConcerned && s_pJournal ? *s_pJournal : s_PassesAll;
 }
+
+JournalNumbers AskAsWorker(const char* pszWord, const JournalAnswer& answer)
+{
+    const WorkerCallScope call;
+    const int iWorker = Workers::Current();
+    return call.pJournal && iWorker ? call.pJournal->OnWorkerAsks(iWorker, pszWord, answer) : answer(nullptr);
+}
+
+FreePaintScope::FreePaintScope(bool bFree) : m_bOutside(std::exchange(t_bInFreePaint, t_bInFreePaint || bFree)) {}
+
+FreePaintScope::~FreePaintScope() { t_bInFreePaint = m_bOutside; }
 
 int NumberOf(HWND hWnd)
 {

@@ -3,6 +3,7 @@
 #include "base/Desktop.h"
 #include "base/StateLock.h"
 #include "user/Journal.h"
+#include "user/Workers.h"
 
 #include <optional>
 
@@ -111,6 +112,14 @@ SHORT GetKeyState(int iKey)
 SHORT GetAsyncKeyState(int iKey)
 {
     const SHORT iNow = StateNow(iKey);
+    if (Workers::Current())
+    {
+        const JournalNumbers vAnswer = AskAsWorker("worker-key",
+                                                   [=](const JournalNumbers* pRecorded) {
+                                                       return pRecorded ? *pRecorded : JournalNumbers{iKey, iNow < 0};
+                                                   });
+        return static_cast<SHORT>(vAnswer[1] ? DOWN : 0);
+    }
     const bool bDown = TheJournal().OnKeyAsked(iKey, iNow < 0);
     return static_cast<SHORT>((bDown ? DOWN : 0) | (iNow & 1));
 }

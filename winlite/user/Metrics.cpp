@@ -26,6 +26,9 @@ int BarThickness()
     return s_iBarThickness;
 }
 
+int Width(const RECT& rc) { return rc.right - rc.left; }
+int Height(const RECT& rc) { return rc.bottom - rc.top; }
+
 constexpr struct
 {
     int iIndex;
@@ -59,6 +62,14 @@ int GetSystemMetrics(int iIndex)
 {
     switch (iIndex)
     {
+    case SM_XVIRTUALSCREEN:
+        return TheDesktop().VirtualScreen().left;
+    case SM_YVIRTUALSCREEN:
+        return TheDesktop().VirtualScreen().top;
+    case SM_CXVIRTUALSCREEN:
+        return Width(TheDesktop().VirtualScreen());
+    case SM_CYVIRTUALSCREEN:
+        return Height(TheDesktop().VirtualScreen());
     case SM_CXSCREEN:
         return TheDesktop().ScreenSize().cx;
     case SM_CYSCREEN:

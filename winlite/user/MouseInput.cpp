@@ -5,6 +5,7 @@
 #include "user/KeyState.h"
 #include "user/Window.h"
 #include "user/WindowObject.h"
+#include "user/Workers.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -14,6 +15,14 @@ namespace winlite
 
 namespace
 {
+
+POINT PointerNow()
+{
+    if (const std::optional<POINT> ptNow = HasDesktop() ? TheDesktop().PointerPosition() : std::nullopt)
+        return *ptNow;
+    StateLock lock;
+    return LastPointerPosition();
+}
 
 /// What makes a second press a double click: the first one's button, window, time and place.
 struct LastPress
@@ -159,12 +168,18 @@ HWND WindowFromPoint(POINT pt)
 
 BOOL GetCursorPos(LPPOINT ppt)
 {
-    std::optional<POINT> ptNow = HasDesktop() ? TheDesktop().PointerPosition() : std::nullopt;
-    if (!ptNow)
+    if (!Workers::Current())
     {
-        StateLock lock;
-        ptNow = LastPointerPosition();
+        NotePointerAsked();
+        *ppt = TheJournal().OnPointerAsked(PointerNow());
+        return TRUE;
     }
-    *ppt = TheJournal().OnPointerAsked(*ptNow);
+    const JournalNumbers vAnswer = AskAsWorker("worker-pointer",
+                                               [](const JournalNumbers* pRecorded)
+                                               {
+                                                   const POINT ptNow = PointerNow();
+                                                   return pRecorded ? *pRecorded : JournalNumbers{ptNow.x, ptNow.y};
+                                               });
+    *ppt = {static_cast<LONG>(vAnswer[0]), static_cast<LONG>(vAnswer[1])};
     return TRUE;
 }

@@ -2,6 +2,8 @@
 
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "base/Thread.h"
+#include "user/Journal.h"
 #include "user/Queue.h"
 #include "user/Window.h"
 #include "user/WindowObject.h"
@@ -18,7 +20,8 @@ HWND FindDirty(const std::vector<std::shared_ptr<WindowObject>>& vWindows, HWND 
     {
         if (!pWindow->IsDrawable())
             continue;
-        if (!pWindow->rgnUpdate.IsEmpty() && PassesFilter(pWindow->hWnd, hFilter))
+        const bool bDue = !pWindow->rgnUpdate.IsEmpty() && PassesFilter(pWindow->hWnd, hFilter);
+        if (bDue && (pWindow->bFreePaint || TheJournal().AdmitsPaint(pWindow->hWnd)))
             return pWindow->hWnd;
         if (const HWND hWnd = FindDirty(pWindow->vChildren, hFilter))
             return hWnd;
@@ -32,6 +35,13 @@ HWND NextWindowToPaint(HWND hFilter)
 {
     StateLock lock;
     return FindDirty(TopLevelWindows(), hFilter);
+}
+
+bool IsFreePaint(HWND hWnd)
+{
+    const auto pWindow = FindWindowObject(hWnd);
+    StateLock lock;
+    return pWindow && pWindow->bFreePaint && !pWindow->rgnUpdate.IsEmpty();
 }
 
 void InvalidateTree(WindowObject& window, Region rgnClient, bool bErase, InvalidReason reason)
@@ -61,6 +71,8 @@ void InvalidateTree(WindowObject& window, Region rgnClient, bool bErase, Invalid
                 rgnClient -= pChild->RectInParent();
         }
     }
+    const bool bByWorker = window.thread != std::this_thread::get_id();
+    window.bFreePaint = bByWorker && (window.bFreePaint || window.rgnUpdate.IsEmpty());
     window.rgnUpdate |= rgnClient;
     window.bErase |= bErase;
 }
@@ -99,6 +111,7 @@ BOOL ValidateRect(HWND hWnd, const RECT* prc)
 
 BOOL UpdateWindow(HWND hWnd)
 {
+    AssertUserInterfaceThread();
     const auto pWindow = FindWindowObject(hWnd);
     if (!pWindow)
         return FALSE;
@@ -109,7 +122,10 @@ BOOL UpdateWindow(HWND hWnd)
     }
     if (!bDue)
         return TRUE;
-    ::SendMessage(hWnd, WM_PAINT, 0, 0);
+    {
+        const FreePaintScope scope(IsFreePaint(hWnd));
+        ::SendMessage(hWnd, WM_PAINT, 0, 0);
+    }
     if (HasDesktop())
         PresentWithinHandler();
     return TRUE;

@@ -9,4 +9,7 @@ namespace winlite
 /// none.
 HWND NextWindowToPaint(HWND hFilter);
 
+/// Whether only workers asked for the paint that the window is due.
+bool IsFreePaint(HWND hWnd);
+
 } // namespace winlite

@@ -15,11 +15,30 @@ namespace
 constexpr std::uint64_t REFRESH_MS = 16;
 std::uint64_t s_uLastPresented = 0;
 
-// Repaints in the mouse move that is being handled. One for the scrolling and one for what a tool draws belong to every
-// move; a handler that goes on repainting scrolls at the edge.
-constexpr int REPAINTS_OF_A_MOVE = 2;
-int s_nRepaintsInMove = 0;
-bool s_bInCapturedMove = false;
+// How often a handler repaints, asks where the pointer is now and repaints again before that is a loop: a handler that
+// tells somebody the pointer's place does so once.
+constexpr int ROUNDS_OF_A_LOOP = 2;
+
+/// Recognises, in the handling of one captured mouse move, the loop that scrolls while the pointer is at the edge: no
+/// other handler comes back to the pointer after each repaint.
+struct HandledMove
+{
+    bool bCaptured = false;
+    bool bRepainted = false;
+    bool bAsked = false; ///< For the pointer, since the last repaint.
+    int nRounds = 0;
+
+    void OnPointerAsked() { bAsked = bRepainted; }
+    void OnRepaint()
+    {
+        nRounds += std::exchange(bAsked, false);
+        bRepainted = true;
+    }
+    bool ScrollsAtEdge() const { return bCaptured && nRounds >= ROUNDS_OF_A_LOOP; }
+};
+
+// Of each thread, since any may ask for the pointer.
+thread_local HandledMove t_Move;
 
 /// Takes the damage of a window that can be shown; empty otherwise.
 Region TakeDamage(WindowObject& window)
@@ -53,15 +72,17 @@ void PresentDamage()
 
 void BeginHandling(UINT uMessage)
 {
-    s_bInCapturedMove = uMessage == WM_MOUSEMOVE && ::GetCapture();
-    s_nRepaintsInMove = 0;
+    t_Move = {};
+    t_Move.bCaptured = uMessage == WM_MOUSEMOVE && ::GetCapture();
 }
+
+void NotePointerAsked() { t_Move.OnPointerAsked(); }
 
 void PresentWithinHandler()
 {
-    const bool bScrollsAtEdge = s_bInCapturedMove && ++s_nRepaintsInMove > REPAINTS_OF_A_MOVE;
+    t_Move.OnRepaint();
     const std::uint64_t uSince = TheDesktop().TickCount() - s_uLastPresented;
-    if (bScrollsAtEdge && uSince < REFRESH_MS)
+    if (t_Move.ScrollsAtEdge() && uSince < REFRESH_MS)
         TheDesktop().WaitForRefresh(static_cast<int>(REFRESH_MS - uSince));
     else if (uSince < REFRESH_MS)
         return;

@@ -2,6 +2,7 @@
 
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "base/Thread.h"
 #include "user/InputQueue.h"
 #include "user/Journal.h"
 #include "user/Paint.h"
@@ -42,6 +43,7 @@ struct Filter
     UINT uFlags;
 
     bool Wants(UINT uMessage) const { return (!uMin && !uMax) || (uMessage >= uMin && uMessage <= uMax); }
+    bool WantsInput() const { return (!uMin && !uMax) || (uMin <= WM_MOUSELAST && uMax >= WM_KEYFIRST); }
     bool PaintsOnly() const { return (uFlags & PM_QS_PAINT) != 0; }
     bool Takes() const { return (uFlags & PM_REMOVE) != 0; }
 };
@@ -62,6 +64,8 @@ std::optional<MSG> FindPosted(const Filter& filter)
 
 std::optional<MSG> NextPosted(const Filter& filter)
 {
+    if (!TheJournal().AdmitsPosted())
+        return std::nullopt;
     const std::optional<MSG> msg = FindPosted(filter);
     if (msg && filter.Takes())
         TheJournal().OnPosted(msg->hwnd, msg->message);
@@ -73,7 +77,7 @@ std::optional<MSG> NextPaint(const Filter& filter)
     const HWND hWnd = filter.Wants(WM_PAINT) ? NextWindowToPaint(filter.hWnd) : nullptr;
     if (!hWnd)
         return std::nullopt;
-    if (filter.Takes())
+    if (filter.Takes() && !IsFreePaint(hWnd))
         TheJournal().OnPaint(hWnd);
     return MSG{hWnd, WM_PAINT, 0, 0, 0, {}};
 }
@@ -92,6 +96,8 @@ std::optional<MSG> NextQuit(const Filter& filter)
 
 std::optional<MSG> NextInput(const Filter& filter)
 {
+    if (!filter.WantsInput())
+        return std::nullopt;
     // What does not pass the filter waits, and all that came after it: input keeps its order.
     const std::optional<MSG> msg = NextInputMessage(false);
     if (!msg || !filter.Wants(msg->message) || !PassesFilter(msg->hwnd, filter.hWnd))
@@ -147,16 +153,7 @@ bool PassesFilter(HWND hWnd, HWND hFilter)
 
 void ForgetMessagesOf(HWND hWnd)
 {
-    std::deque<MSG>& vPosted = TheQueue().vPosted;
-    const auto itGone =
-        std::stable_partition(vPosted.begin(), vPosted.end(), [hWnd](const MSG& msg) { return msg.hwnd != hWnd; });
-    for (auto it = itGone; it != vPosted.end(); ++it)
-    {
-        // The receiver of a posted notification owns its record; here it never comes to receive it.
-        if (it->message == WM_NOTIFY)
-            delete reinterpret_cast<NMHDR*>(it->lParam);
-    }
-    vPosted.erase(itGone, vPosted.end());
+    std::erase_if(TheQueue().vPosted, [hWnd](const MSG& msg) { return msg.hwnd == hWnd; });
 }
 
 void SetMessagePump(bool (*pPump)()) { s_pPump = pPump ? pPump : &PumpPlainly; }
@@ -169,10 +166,11 @@ using namespace winlite;
 
 BOOL PostMessage(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
-    if (!::IsWindow(hWnd))
-        return FALSE;
     {
+        // A window that is about to go takes what was posted to it along, so it must not go in between.
         StateLock lock;
+        if (!::IsWindow(hWnd))
+            return FALSE;
         TheQueue().vPosted.push_back({hWnd, uMessage, wParam, lParam, 0, {}});
     }
     if (HasDesktop())
@@ -188,6 +186,7 @@ void PostQuitMessage(int iExitCode)
 
 BOOL PeekMessage(MSG* pMessage, HWND hWnd, UINT uMin, UINT uMax, UINT uRemove)
 {
+    AssertUserInterfaceThread();
     const std::optional<MSG> msg = NextMessage({hWnd, uMin, uMax, uRemove});
     if (msg)
         *pMessage = *msg;
@@ -210,11 +209,13 @@ BOOL TranslateMessage(const MSG*) { return FALSE; }
 LRESULT DispatchMessage(const MSG* pMessage)
 {
     BeginHandling(pMessage->message);
+    const FreePaintScope scope(pMessage->message == WM_PAINT && IsFreePaint(pMessage->hwnd));
     return ::SendMessage(pMessage->hwnd, pMessage->message, pMessage->wParam, pMessage->lParam);
 }
 
 LRESULT SendMessage(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
+    AssertUserInterfaceThread();
     const auto pWindow = FindWindowObject(hWnd);
     if (!pWindow)
         return 0;

@@ -21,6 +21,12 @@ void SetVisible(WindowObject& window, bool bVisible)
         InvalidateTree(window, Region(window.ClientRect()), true, InvalidReason::Uncovered);
 }
 
+void TellDesktop(const WindowObject& window)
+{
+    if (!window.pParent && HasDesktop() && ::IsWindow(window.hWnd))
+        TheDesktop().WindowChanged(window.hWnd);
+}
+
 void SetMinimised(WindowObject& window, bool bMinimised)
 {
     SIZE szClient;
@@ -36,6 +42,14 @@ void SetMinimised(WindowObject& window, bool bMinimised)
 }
 
 } // namespace
+
+void ShowInPlace(WindowObject& window, bool bVisible)
+{
+    if (bVisible == window.HasStyle(WS_VISIBLE))
+        return;
+    SetVisible(window, bVisible);
+    TellDesktop(window);
+}
 
 } // namespace winlite
 
@@ -58,9 +72,8 @@ BOOL ShowWindow(HWND hWnd, int iCommand)
         SetMinimised(*pWindow, bMinimised);
     if (bMinimised && !bWasMinimised)
         MoveFocusFrom(hWnd, nullptr);
-    const bool bChanged = bVisible != bWasVisible || bMinimised != bWasMinimised;
-    if (bChanged && !pWindow->pParent && HasDesktop() && ::IsWindow(hWnd))
-        TheDesktop().WindowChanged(hWnd);
+    if (bVisible != bWasVisible || bMinimised != bWasMinimised)
+        TellDesktop(*pWindow);
     return bWasVisible;
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "base/Thread.h"
 #include "user/Journal.h"
 #include "user/Queue.h"
 #include "user/Window.h"
@@ -97,6 +98,7 @@ using namespace winlite;
 
 UINT_PTR SetTimer(HWND hWnd, UINT_PTR uAskedId, UINT uMs, void* pCallback)
 {
+    AssertUserInterfaceThread();
     constexpr UINT SHORTEST_PERIOD = 10;
     if (!::IsWindow(hWnd) || pCallback)
         return 0;
@@ -117,6 +119,7 @@ UINT_PTR SetTimer(HWND hWnd, UINT_PTR uAskedId, UINT uMs, void* pCallback)
 
 BOOL KillTimer(HWND hWnd, UINT_PTR uId)
 {
+    AssertUserInterfaceThread();
     StateLock lock;
     const auto it = FindTimer(hWnd, uId);
     if (it == Timers().end())

@@ -29,6 +29,7 @@ constexpr UINT WM_NOTIFY = 0x004E;
 constexpr UINT WM_NCCREATE = 0x0081;
 constexpr UINT WM_NCDESTROY = 0x0082;
 constexpr UINT WM_NCHITTEST = 0x0084;
+constexpr UINT WM_KEYFIRST = 0x0100;
 constexpr UINT WM_KEYDOWN = 0x0100;
 constexpr UINT WM_KEYUP = 0x0101;
 constexpr UINT WM_SYSKEYDOWN = 0x0104;
@@ -48,6 +49,7 @@ constexpr UINT WM_MBUTTONDOWN = 0x0207;
 constexpr UINT WM_MBUTTONUP = 0x0208;
 constexpr UINT WM_MBUTTONDBLCLK = 0x0209;
 constexpr UINT WM_MOUSEWHEEL = 0x020A;
+constexpr UINT WM_MOUSELAST = 0x020A;
 constexpr UINT WM_PARENTNOTIFY = 0x0210;
 constexpr UINT WM_CAPTURECHANGED = 0x0215;
 constexpr UINT WM_USER = 0x0400;
@@ -172,6 +174,11 @@ constexpr int SM_CXSCREEN = 0;
 constexpr int SM_CYSCREEN = 1;
 constexpr int SM_CXVSCROLL = 2;
 constexpr int SM_CYHSCROLL = 3;
+constexpr int SM_SWAPBUTTON = 23; ///< 0: what a desktop delivers as left is the left one.
+constexpr int SM_XVIRTUALSCREEN = 76;
+constexpr int SM_YVIRTUALSCREEN = 77;
+constexpr int SM_CXVIRTUALSCREEN = 78;
+constexpr int SM_CYVIRTUALSCREEN = 79;
 
 constexpr int COLOR_SCROLLBAR = 0;
 constexpr int COLOR_WINDOW = 5;
@@ -308,7 +315,7 @@ BOOL ClientToScreen(HWND hWnd, LPPOINT ppt); ///< Any thread.
 BOOL MoveWindow(HWND hWnd, int x, int y, int cx, int cy, BOOL bRepaint);
 
 /// The same with flags: SWP_NOSIZE, SWP_NOMOVE, SWP_NOZORDER (required: the z-order cannot be changed here),
-/// SWP_NOREDRAW, SWP_SHOWWINDOW, SWP_HIDEWINDOW.
+/// SWP_NOREDRAW, SWP_SHOWWINDOW, SWP_HIDEWINDOW. Hiding leaves the focus where it is, as ShowWindow does not.
 BOOL SetWindowPos(HWND hWnd, HWND hAfter, int x, int y, int cx, int cy, UINT uFlags);
 
 /// Shows, hides, minimises or restores; returns whether the window was visible before.
@@ -318,8 +325,8 @@ BOOL ShowWindow(HWND hWnd, int iCommand);
 BOOL IsWindowVisible(HWND hWnd);
 BOOL IsIconic(HWND hWnd);
 
-/// SM_CXSCREEN, SM_CYSCREEN and the scroll bar sizes: 17 times the screen's scale, rounded, as it was at the program's
-/// start.
+/// SM_CXSCREEN, SM_CYSCREEN, the box around all screens, and the scroll bar sizes: 17 times the screen's scale,
+/// rounded, as it was at the program's start. 0 for other numbers.
 int GetSystemMetrics(int iIndex);
 COLORREF GetSysColor(int iIndex);
 
@@ -427,3 +434,4 @@ HBITMAP LoadBitmap(HINSTANCE hInstance, LPCWSTR pszName);
 HCURSOR LoadCursor(HINSTANCE hInstance, LPCWSTR pszName);
 inline const LPCWSTR IDC_ARROW = MAKEINTRESOURCE(32512);
 inline const LPCWSTR IDC_WAIT = MAKEINTRESOURCE(32514);
+inline const LPCWSTR IDC_HAND = MAKEINTRESOURCE(32649);

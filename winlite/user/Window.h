@@ -18,9 +18,13 @@ HWND CreateWindowHooked(const CREATESTRUCT& create, const std::function<void(HWN
 void PresentDamage();
 
 /// The same from inside a handler that has repainted synchronously and may go on for long: when the screen's refresh
-/// interval has passed since the last time, and shown at once. A handler of a captured mouse move that repaints again
-/// and again, as scrolling at the edge does, waits for that interval: it so gets a pace that a person can follow.
+/// interval has passed since the last time, and shown at once. A handler of a captured mouse move that asks for the
+/// pointer after each repaint, as scrolling at the edge does, waits for that interval from its third round on: it so
+/// gets a pace that a person can follow.
 void PresentWithinHandler();
+
+/// The program asks where the pointer is now. Any thread.
+void NotePointerAsked();
 
 /// A message is about to be dispatched.
 void BeginHandling(UINT uMessage);

@@ -1,4 +1,5 @@
 #include "base/StateLock.h"
+#include "base/Thread.h"
 #include "gdi/Handles.h"
 #include "user/Window.h"
 #include "user/WindowObject.h"
@@ -71,6 +72,7 @@ using namespace winlite;
 
 HDC GetDC(HWND hWnd)
 {
+    AssertUserInterfaceThread();
     if (!hWnd)
     {
         const auto pNothing =
@@ -91,6 +93,7 @@ int ReleaseDC(HWND, HDC hDC)
 
 HDC BeginPaint(HWND hWnd, PAINTSTRUCT* pPaint)
 {
+    AssertUserInterfaceThread();
     const auto pWindow = FindWindowObject(hWnd);
     if (!pWindow)
         return nullptr;

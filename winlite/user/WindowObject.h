@@ -38,6 +38,7 @@ public:
     SIZE szClient = {};
     Region rgnUpdate; ///< Client coordinates.
     bool bErase = false;
+    bool bFreePaint = false; ///< All of the update region was asked for by workers.
 
     // Top-level windows only.
     std::shared_ptr<Surface> pSurface;
@@ -94,6 +95,9 @@ enum class InvalidReason
     Uncovered,
 };
 void InvalidateTree(WindowObject& window, Region rgnClient, bool bErase, InvalidReason reason);
+
+/// Shows or hides a window where it is, without a word about focus and minimised windows.
+void ShowInPlace(WindowObject& window, bool bVisible);
 
 /// Takes a window's timers and posted messages away. Call it with StateLock held.
 void ForgetTimersOf(HWND hWnd);

@@ -1,5 +1,6 @@
 #include "base/Desktop.h"
 #include "base/StateLock.h"
+#include "base/Thread.h"
 #include "user/InputQueue.h"
 #include "user/Window.h"
 #include "user/WindowObject.h"
@@ -32,10 +33,12 @@ std::shared_ptr<WindowObject> MakeWindow(const CREATESTRUCT& create, const Windo
     return pWindow;
 }
 
-/// Takes the window out of the tree, the queue and the handle table.
+/// Takes the window out of the tree, the queue and the handle table. Its surface ends here, on its owner's thread: a
+/// worker that is just asking about the window may be the last to hold the object.
 void RemoveWindow(WindowObject& window)
 {
     StateLock lock;
+    window.pSurface.reset();
     ForgetTimersOf(window.hWnd);
     ForgetMessagesOf(window.hWnd);
     auto& vSiblings = window.pParent ? window.pParent->vChildren : TopLevelWindows();
@@ -111,6 +114,7 @@ int& WindowCount()
 
 HWND CreateWindowHooked(const CREATESTRUCT& create, const std::function<void(HWND)>& beforeFirstMessage)
 {
+    AssertUserInterfaceThread();
     const WindowClass* pClass = FindWindowClass(create.lpszClass);
     const bool bChild = (static_cast<DWORD>(create.style) & WS_CHILD) != 0;
     const std::shared_ptr<WindowObject> pParent = bChild ? FindWindowObject(create.hwndParent) : nullptr;
@@ -155,6 +159,7 @@ HWND CreateWindowEx(DWORD dwExStyle, LPCWSTR pszClass, LPCWSTR pszName, DWORD dw
 
 BOOL DestroyWindow(HWND hWnd)
 {
+    AssertUserInterfaceThread();
     const std::shared_ptr<WindowObject> pWindow = FindWindowObject(hWnd);
     if (!pWindow || pWindow->bDestroying)
         return FALSE;

@@ -1,6 +1,7 @@
 #include "headless/HeadlessDesktop.h"
 
 #include "user/Window.h"
+#include "user/Workers.h"
 
 namespace winlite
 {
@@ -26,12 +27,45 @@ void HeadlessDesktop::WindowChanged(HWND hWnd)
         m_PresentCounts.erase(hWnd);
 }
 
+void HeadlessDesktop::Wake()
+{
+    m_bWoken = true;
+    Workers::PokeWaiting();
+}
+
+std::optional<POINT> HeadlessDesktop::PointerPosition()
+{
+    if (Workers::Current())
+    {
+        ++m_nPointerAsked;
+        Workers::PokeWaiting();
+    }
+    return std::nullopt;
+}
+
+bool HeadlessDesktop::WaitUntilWorkersAskedForPointer(int nTimes)
+{
+    const int nUntil = m_nPointerAsked + nTimes;
+    return Workers::WaitWhileTheyRun([&] { return m_nPointerAsked >= nUntil; }, std::chrono::minutes(1));
+}
+
+bool HeadlessDesktop::WaitForWake(std::chrono::milliseconds limit)
+{
+    const bool bWoken = Workers::WaitWhileTheyRun([this] { return m_bWoken.load(); }, limit);
+    if (bWoken)
+        m_bWoken = false;
+    return bWoken;
+}
+
 bool HeadlessDesktop::WaitForInput(int iTimeoutMs)
 {
-    if (iTimeoutMs < 0)
-        return false;
-    Advance(iTimeoutMs);
-    return true;
+    constexpr std::chrono::hours WITHOUT_LIMIT(24);
+    const bool bLimited = iTimeoutMs >= 0;
+    if (WaitForWake(bLimited ? std::chrono::milliseconds(iTimeoutMs) : WITHOUT_LIMIT))
+        return true;
+    if (bLimited)
+        Advance(iTimeoutMs);
+    return bLimited;
 }
 
 void HeadlessDesktop::Advance(int iMs) { m_uNow += static_cast<std::uint64_t>(iMs); }

@@ -3,6 +3,7 @@
 #include "base/Desktop.h"
 
 #include <atomic>
+#include <chrono>
 #include <map>
 #include <vector>
 
@@ -24,7 +25,20 @@ public:
     void WindowChanged(HWND hWnd) override;
     void WaitForRefresh(int iMs) override { Advance(iMs); }
 
-    /// Moves the clock to the next timer, or says that nothing can happen when there is none.
+    void Wake() override;
+
+    /// Counts the workers' questions; the answer is always that of the last event.
+    std::optional<POINT> PointerPosition() override;
+
+    /// Waits until workers have asked for the pointer nTimes more; false when none can run any more before.
+    bool WaitUntilWorkersAskedForPointer(int nTimes);
+
+    /// Waits until something wakes the program, in real time; false when no worker can run any more that would, or the
+    /// time is over.
+    bool WaitForWake(std::chrono::milliseconds limit);
+
+    /// Moves the clock to the next timer, or says that nothing can happen when there is none. While a worker can run it
+    /// waits first, as long in real time, until something wakes the program.
     bool WaitForInput(int iTimeoutMs) override;
 
     /// Moves the clock on without dispatching anything.
@@ -40,6 +54,8 @@ private:
     SIZE m_szScreen;
     double m_dScale;
     std::atomic<std::uint64_t> m_uNow = 0;
+    std::atomic<bool> m_bWoken = false;
+    std::atomic<int> m_nPointerAsked = 0;
     std::map<HWND, int> m_PresentCounts;
 };
 

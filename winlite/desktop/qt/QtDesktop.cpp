@@ -49,6 +49,13 @@ SIZE QtDesktop::ScreenSize()
     return {szScreen.width(), szScreen.height()};
 }
 
+RECT QtDesktop::VirtualScreen()
+{
+    const QRectF rcAll = QGuiApplication::primaryScreen()->virtualGeometry();
+    const QRect rc = QRectF(rcAll.topLeft() * m_dScale, rcAll.size() * m_dScale).toAlignedRect();
+    return {rc.x(), rc.y(), rc.x() + rc.width(), rc.y() + rc.height()};
+}
+
 void QtDesktop::Attach(HWND hWnd, QtWindow& window)
 {
     m_Windows[hWnd] = &window;

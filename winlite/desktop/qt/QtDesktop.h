@@ -28,6 +28,7 @@ public:
     std::uint64_t TickCount() override;
     double Scale() override;
     SIZE ScreenSize() override;
+    RECT VirtualScreen() override;
     void Present(HWND hWnd, const SurfaceView& picture, std::span<const RECT> vDamage) override;
     void ShowPresented() override;
     void WindowChanged(HWND hWnd) override;
