@@ -16,6 +16,7 @@ enum class Kind
 {
     Input,
     Other,
+    Worker,
     Text,
 };
 
@@ -28,10 +29,26 @@ struct Word
 
 // Input ends with the time it arrived at, which is not the one it was taken at.
 constexpr Word WORDS[] = {
-    {"move", 4, Kind::Input},   {"button", 6, Kind::Input},       {"wheel", 4, Kind::Input},  {"key", 5, Kind::Input},
-    {"active", 3, Kind::Input}, {"capture-lost", 1, Kind::Input}, {"paint", 1, Kind::Other},  {"timer", 2, Kind::Other},
-    {"posted", 2, Kind::Other}, {"pointer-is", 2, Kind::Other},   {"key-is", 2, Kind::Other}, {"place", 5, Kind::Other},
-    {"show", 2, Kind::Other},   {"enable", 2, Kind::Other},       {"command", 0, Kind::Text}, {"end", 0, Kind::Text},
+    {"move", 4, Kind::Input},
+    {"button", 6, Kind::Input},
+    {"wheel", 4, Kind::Input},
+    {"key", 5, Kind::Input},
+    {"active", 3, Kind::Input},
+    {"capture-lost", 1, Kind::Input},
+    {"paint", 1, Kind::Other},
+    {"timer", 2, Kind::Other},
+    {"posted", 2, Kind::Other},
+    {"pointer-is", 2, Kind::Other},
+    {"key-is", 2, Kind::Other},
+    {"place", 5, Kind::Other},
+    {"show", 2, Kind::Other},
+    {"enable", 2, Kind::Other},
+    {"worker-pointer", 3, Kind::Worker},
+    {"worker-key", 3, Kind::Worker},
+    {"worker-origin", 3, Kind::Worker},
+    {"worker-wait", 2, Kind::Worker},
+    {"command", 0, Kind::Text},
+    {"end", 0, Kind::Text},
 };
 
 const Word* FindWord(const std::string& strName)
@@ -116,6 +133,12 @@ bool IsInputWord(const std::string& strWord)
 {
     const Word* pWord = FindWord(strWord);
     return pWord && pWord->kind == Kind::Input;
+}
+
+bool IsWorkerWord(const std::string& strWord)
+{
+    const Word* pWord = FindWord(strWord);
+    return pWord && pWord->kind == Kind::Worker;
 }
 
 JournalLine LineOf(const InputEvent& event, int iFirstWindow)

@@ -41,4 +41,7 @@ std::optional<InputEvent> InputOf(const JournalLine& line, int iFirstWindow);
 /// Whether the word is that of an input event.
 bool IsInputWord(const std::string& strWord);
 
+/// Whether the word is that of a worker's question; its first number is then the worker's, the rest the answer.
+bool IsWorkerWord(const std::string& strWord);
+
 } // namespace winlite

@@ -2,10 +2,9 @@
 
 #include "user/Timers.h"
 #include "user/Window.h"
+#include "user/Workers.h"
 
-#include <sstream>
 #include <stdexcept>
-#include <utility>
 
 namespace winlite
 {
@@ -13,78 +12,71 @@ namespace winlite
 namespace
 {
 
-// The title and the screen come before the first entry.
-constexpr std::size_t HEADER_LINES = 2;
-
-[[noreturn]] void FailAt(std::size_t iEntry, const std::string& strWhat)
-{
-    throw std::runtime_error("line " + std::to_string(HEADER_LINES + iEntry + 1) + ": " + strWhat);
-}
-
-void ReadHeader(std::istream& stream, SIZE& szScreen, double& dScale)
-{
-    constexpr double MOST_SCALE = 16;
-    std::string strTitle;
-    std::getline(stream, strTitle);
-    if (strTitle != JOURNAL_TITLE)
-        throw std::runtime_error(std::string("does not begin with \"") + JOURNAL_TITLE + "\"");
-    std::string strScreen, strScale, strLine;
-    std::getline(stream, strLine);
-    std::istringstream line(strLine);
-    line >> strScreen >> szScreen.cx >> szScreen.cy >> strScale >> dScale;
-    if (!line || strScreen != "screen" || strScale != "scale" || !(dScale > 0 && dScale <= MOST_SCALE))
-        throw std::runtime_error("line 2: not of the form \"screen WIDTH HEIGHT scale FACTOR\"");
-}
-
 /// Answers were asked for inside a message; what asked for them may be something that only watched.
 bool IsAnswer(const JournalLine& line) { return line.strWord == "pointer-is" || line.strWord == "key-is"; }
 
+/// Lines that stand for a message, which the program fetches.
+bool IsFetched(const JournalLine& line)
+{
+    return IsInputWord(line.strWord) || line.strWord == "timer" || line.strWord == "posted" || line.strWord == "paint";
+}
+
+/// Takes and dispatches one paint that is due; false when there is none.
+bool PaintOne()
+{
+    MSG msg;
+    if (!::PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE | PM_QS_PAINT))
+        return false;
+    ::DispatchMessage(&msg);
+    return true;
+}
+
 } // namespace
 
-JournalPlayer::JournalPlayer(std::istream& stream) : m_iFirstWindow(OldestWindowNumber())
+JournalPlayer::JournalPlayer(std::istream& stream)
+    : m_script(stream), m_iFirstWindow(OldestWindowNumber()), m_nWorkersBefore(Workers::StartedCount())
 {
-    ReadHeader(stream, m_szScreen, m_dScale);
-    std::string strLine;
-    for (std::size_t iEntry = 0; std::getline(stream, strLine); ++iEntry)
-    {
-        std::optional<JournalLine> line = ParseLine(strLine);
-        if (!line || !m_strEnd.empty())
-            FailAt(iEntry, "not understood: " + strLine);
-        if (line->strWord == "end")
-            m_strEnd = line->strText;
-        else
-            m_vLines.push_back(std::move(*line));
-    }
     SetJournal(this);
 }
 
-JournalPlayer::~JournalPlayer() { SetJournal(nullptr); }
+JournalPlayer::~JournalPlayer()
+{
+    m_script.SetPlaying(false);
+    SetJournal(nullptr);
+}
 
 void JournalPlayer::Play(HeadlessDesktop& desktop, const std::function<bool(const std::string&)>& execute)
 {
-    m_pDesktop = &desktop;
-    while (const JournalLine* pLine = Next())
+    m_bPlaying = true;
+    m_script.SetPlaying(true);
+    while (const JournalLine* pLine = m_script.NextOfProgram())
     {
-        const std::size_t iBefore = m_iNext;
-        Follow(*pLine, execute);
-        if (m_iNext == iBefore && m_strParted.empty())
-            FailAt(iBefore, "the program has nothing to do with \"" + FormatLine(*pLine) + "\"");
-        if (!m_strParted.empty())
-            throw std::runtime_error(m_strParted);
+        const std::size_t iBefore = m_script.LineNumber();
+        Follow(desktop, *pLine, execute);
+        if (m_script.LineNumber() == iBefore)
+            m_script.Part("nothing to do with it");
     }
-    m_pDesktop = nullptr;
+    while (m_script.Parted().empty() && PaintOne()) // What workers asked for last.
+    {
+    }
+    m_script.SetPlaying(false);
+    m_bPlaying = false;
+    if (const std::string strParted = m_script.Parted(); !strParted.empty())
+        throw std::runtime_error(strParted);
 }
 
-void JournalPlayer::Follow(const JournalLine& line, const std::function<bool(const std::string&)>& execute)
+void JournalPlayer::Follow(HeadlessDesktop& desktop, const JournalLine& line,
+                           const std::function<bool(const std::string&)>& execute)
 {
-    const std::vector<std::int64_t>& v = line.vNumbers;
-    const auto number = [&v](std::size_t i) { return static_cast<int>(v[i]); };
-    if (IsInputWord(line.strWord) || line.strWord == "timer" || line.strWord == "posted" || line.strWord == "paint")
+    if (IsFetched(line))
     {
-        Pump(line);
+        Pump(desktop, line);
         return;
     }
-    Advance();
+    const std::vector<std::int64_t>& v = line.vNumbers;
+    const auto number = [&v](std::size_t i) { return static_cast<int>(v[i]); };
+    const std::size_t iLine = m_script.LineNumber();
+    m_script.Advance();
     if (line.strWord == "place")
         PlaceTopLevel(Window(v[0]), {number(1), number(2), number(3), number(4)});
     else if (line.strWord == "show")
@@ -92,80 +84,86 @@ void JournalPlayer::Follow(const JournalLine& line, const std::function<bool(con
     else if (line.strWord == "enable")
         EnableTopLevel(Window(v[0]), number(1));
     else if (line.strWord == "command" && !execute(line.strText))
-        FailAt(m_iNext - 1, "the program cannot do \"" + line.strText + "\"");
+        throw std::runtime_error("line " + std::to_string(iLine) + ": the program cannot do \"" + line.strText + "\"");
 }
 
-void JournalPlayer::Pump(const JournalLine& line)
+void JournalPlayer::Pump(HeadlessDesktop& desktop, const JournalLine& line)
 {
-    if (line.uTime > m_pDesktop->TickCount())
-        m_pDesktop->Advance(static_cast<int>(line.uTime - m_pDesktop->TickCount()));
-    if (line.strWord != "paint")
+    if (line.uTime > desktop.TickCount())
+        desktop.Advance(static_cast<int>(line.uTime - desktop.TickCount()));
+    const std::size_t iBefore = m_script.LineNumber();
+    const auto isTaken = [&] { return m_script.LineNumber() != iBefore; };
+    // It may have been painted ahead of other messages; and paints that are free come in between.
+    const auto pump = line.strWord == "paint" ? &PaintOne : &PumpOneMessage;
+    while (pump() && !isTaken())
     {
-        PumpOneMessage();
-        return;
     }
-    // It may have been painted ahead of other messages.
-    MSG msg;
-    if (::PeekMessage(&msg, nullptr, 0, 0, PM_REMOVE | PM_QS_PAINT))
-        ::DispatchMessage(&msg);
+    // What a worker posts comes when the worker has come so far.
+    while (line.strWord == "posted" && !isTaken() && desktop.WaitForWake(JournalScript::PATIENCE))
+        PumpOneMessage();
 }
 
-const JournalLine* JournalPlayer::Next(const char* pszWord) const
+/// The line that is to come, other than answers that nobody has asked for.
+const JournalLine* JournalPlayer::NextAfterAnswers()
 {
-    const JournalLine* pLine = Next();
-    return pLine && pLine->strWord == pszWord ? pLine : nullptr;
-}
-
-void JournalPlayer::Advance() { ++m_iNext; }
-
-void JournalPlayer::Part(const std::string& strHappened)
-{
-    if (!m_strParted.empty())
-        return;
-    const JournalLine* pLine = Next();
-    m_strParted = "line " + std::to_string(HEADER_LINES + m_iNext + 1) + ": the journal has \"" +
-                  (pLine ? FormatLine(*pLine) : "its end") + "\" where the program has " + strHappened;
+    const JournalLine* pLine = m_script.NextOfProgram();
+    for (; pLine && IsAnswer(*pLine); pLine = m_script.NextOfProgram())
+        m_script.Advance();
+    return pLine;
 }
 
 void JournalPlayer::Expect(const char* pszWord, const std::vector<std::int64_t>& vNumbers)
 {
-    if (!m_pDesktop)
+    if (!m_bPlaying)
         return;
-    while (Next() && IsAnswer(*Next()))
-        Advance();
-    const JournalLine* pLine = Next(pszWord);
-    if (pLine && pLine->vNumbers == vNumbers)
-        Advance();
+    const JournalLine* pLine = NextAfterAnswers();
+    if (pLine && pLine->strWord == pszWord && pLine->vNumbers == vNumbers)
+        m_script.Advance();
     else
-        Part("\"" + FormatLine({0, pszWord, vNumbers, {}}) + "\"");
+        m_script.Part("\"" + FormatLine({0, pszWord, vNumbers, {}}) + "\"");
 }
 
 // ---- what the program asks for
 
 std::optional<InputEvent> JournalPlayer::OnInput(std::optional<InputEvent> arrived)
 {
-    if (!m_pDesktop)
+    if (!m_bPlaying)
         return arrived;
-    const JournalLine* pLine = Next();
+    const JournalLine* pLine = m_script.Next();
     const auto event = pLine ? InputOf(*pLine, m_iFirstWindow) : std::nullopt;
     if (event)
-        Advance();
+        m_script.Advance();
     return event;
 }
 
 std::optional<InputJournal::Timer> JournalPlayer::OnTimer(std::optional<Timer> due, bool bTake)
 {
-    if (!m_pDesktop)
+    if (!m_bPlaying)
         return due;
-    const JournalLine* pLine = Next("timer");
-    if (!pLine)
+    const JournalLine* pLine = m_script.Next();
+    if (!pLine || pLine->strWord != "timer")
         return std::nullopt;
     const Timer timer = {Window(pLine->vNumbers[0]), static_cast<UINT_PTR>(pLine->vNumbers[1])};
     if (!IsTimerSet(timer.hWnd, timer.uId))
         return std::nullopt;
     if (bTake)
-        Advance();
+        m_script.Advance();
     return timer;
+}
+
+bool JournalPlayer::AdmitsPaint(HWND hWnd)
+{
+    if (!m_bPlaying)
+        return true;
+    const std::int64_t iNumber = Number(hWnd);
+    const JournalLine* pLine = m_script.Next();
+    return pLine && pLine->strWord == "paint" && pLine->vNumbers[0] == iNumber;
+}
+
+bool JournalPlayer::AdmitsPosted()
+{
+    const JournalLine* pLine = m_bPlaying ? m_script.Next() : nullptr;
+    return !m_bPlaying || (pLine && pLine->strWord == "posted");
 }
 
 void JournalPlayer::OnPaint(HWND hWnd) { Expect("paint", {Number(hWnd)}); }
@@ -174,21 +172,36 @@ void JournalPlayer::OnPosted(HWND hWnd, UINT uMessage) { Expect("posted", {Numbe
 
 POINT JournalPlayer::OnPointerAsked(POINT ptScreen)
 {
-    const JournalLine* pLine = m_pDesktop ? Next("pointer-is") : nullptr;
-    if (!pLine)
+    const JournalLine* pLine = m_bPlaying ? m_script.NextOfProgram() : nullptr;
+    if (!pLine || pLine->strWord != "pointer-is")
         return ptScreen;
-    const POINT ptAnswer = {static_cast<LONG>(pLine->vNumbers[0]), static_cast<LONG>(pLine->vNumbers[1])};
-    Advance();
-    return ptAnswer;
+    m_script.Advance();
+    return {static_cast<LONG>(pLine->vNumbers[0]), static_cast<LONG>(pLine->vNumbers[1])};
 }
 
 bool JournalPlayer::OnKeyAsked(int iKey, bool bDown)
 {
-    const JournalLine* pLine = m_pDesktop ? Next("key-is") : nullptr;
-    if (!pLine || pLine->vNumbers[0] != iKey)
+    const JournalLine* pLine = m_bPlaying ? m_script.NextOfProgram() : nullptr;
+    if (!pLine || pLine->strWord != "key-is" || pLine->vNumbers[0] != iKey)
         return bDown;
-    Advance();
+    m_script.Advance();
     return pLine->vNumbers[1] != 0;
+}
+
+JournalNumbers JournalPlayer::OnWorkerAsks(int iWorker, const char* pszWord, const JournalAnswer& answer)
+{
+    const JournalLine* pLine = m_script.NextOfWorker(iWorker - m_nWorkersBefore);
+    if (!pLine)
+        return answer(nullptr);
+    if (pLine->strWord != pszWord)
+    {
+        m_script.Part("\"" + std::string(pszWord) + "\" of the same worker");
+        return answer(nullptr);
+    }
+    const JournalNumbers vRecorded(pLine->vNumbers.begin() + 1, pLine->vNumbers.end());
+    const JournalNumbers vAnswer = answer(&vRecorded);
+    m_script.Advance();
+    return vAnswer;
 }
 
 } // namespace winlite

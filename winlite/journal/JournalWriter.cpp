@@ -1,13 +1,15 @@
 #include "journal/JournalWriter.h"
 
 #include "base/Desktop.h"
+#include "user/Workers.h"
 
 #include <stdexcept>
 
 namespace winlite
 {
 
-JournalWriter::JournalWriter(const std::string& strPath) : m_File(strPath), m_iFirstWindow(OldestWindowNumber())
+JournalWriter::JournalWriter(const std::string& strPath)
+    : m_File(strPath), m_iFirstWindow(OldestWindowNumber()), m_nWorkersBefore(Workers::StartedCount())
 {
     const SIZE szScreen = TheDesktop().ScreenSize();
     m_File << JOURNAL_TITLE << "\n"
@@ -21,6 +23,8 @@ JournalWriter::~JournalWriter() { SetJournal(nullptr); }
 
 void JournalWriter::Write(JournalLine line)
 {
+    // One order for all threads: a line is written when its answer is there, and what follows from it comes later.
+    const std::scoped_lock lock(m_Mutex);
     line.uTime = TheDesktop().TickCount();
     m_File << FormatLine(line) << std::endl;
 }
@@ -51,6 +55,15 @@ POINT JournalWriter::OnPointerAsked(POINT ptScreen)
 {
     Write("pointer-is", {ptScreen.x, ptScreen.y});
     return ptScreen;
+}
+
+JournalNumbers JournalWriter::OnWorkerAsks(int iWorker, const char* pszWord, const JournalAnswer& answer)
+{
+    const JournalNumbers vAnswer = answer(nullptr);
+    JournalNumbers vNumbers = {iWorker - m_nWorkersBefore};
+    vNumbers.insert(vNumbers.end(), vAnswer.begin(), vAnswer.end());
+    Write(pszWord, std::move(vNumbers));
+    return vAnswer;
 }
 
 bool JournalWriter::OnKeyAsked(int iKey, bool bDown)

@@ -4,13 +4,14 @@
 #include "user/Journal.h"
 
 #include <fstream>
+#include <mutex>
 
 namespace winlite
 {
 
 /// Writes down what reaches the program on this thread, from its construction to its destruction, so that JournalPlayer
 /// can play it again. Made after the desktop and before the first window; each line reaches the file at once, so that
-/// even a session that crashed can be played. User-interface thread.
+/// even a session that crashed can be played. User-interface thread, but for what workers ask.
 class JournalWriter : public InputJournal
 {
 public:
@@ -30,6 +31,7 @@ public:
     void OnPosted(HWND hWnd, UINT uMessage) override;
     POINT OnPointerAsked(POINT ptScreen) override;
     bool OnKeyAsked(int iKey, bool bDown) override;
+    JournalNumbers OnWorkerAsks(int iWorker, const char* pszWord, const JournalAnswer& answer) override;
     void OnCommand(const std::string& strCommand) override;
     void OnPlaced(HWND hWnd, const RECT& rcScreen) override;
     void OnShown(HWND hWnd, int iShow) override;
@@ -43,8 +45,10 @@ private:
     }
     std::int64_t Number(HWND hWnd) const { return JournalNumberOf(hWnd, m_iFirstWindow); }
 
+    std::mutex m_Mutex; ///< Guards the file.
     std::ofstream m_File;
     int m_iFirstWindow;
+    int m_nWorkersBefore; ///< Workers are numbered from the first that starts in the session on.
 };
 
 } // namespace winlite
