@@ -2,6 +2,7 @@
 #include "mfc/DC.h"
 
 #include <gtest/gtest.h>
+#include <thread>
 
 TEST(GdiObjectTest, ObjectsDeleteWhatTheyStillHold)
 {
@@ -30,7 +31,7 @@ TEST(GdiObjectTest, RegionsAreNeverCreatedForTheCaller)
     CRgn rgnNone;
     CRect rc(1, 2, 3, 4);
     EXPECT_EQ(rgnNone.GetRgnBox(&rc), ERROR);
-    EXPECT_EQ(rc, CRect());
+    EXPECT_TRUE(rc.IsRectNull());
     EXPECT_EQ(rgnNone.CopyRgn(&rgn), ERROR);
     EXPECT_EQ(rgn.CombineRgn(&rgn, &rgnNone, RGN_AND), ERROR);
     EXPECT_EQ(rgn.CombineRgn(&rgn, nullptr, RGN_OR), ERROR);
@@ -48,7 +49,11 @@ TEST(GdiObjectTest, SelectingGivesThePreviousObjectBack)
     ASSERT_NE(pOld, nullptr);
     EXPECT_EQ(static_cast<HBRUSH>(*pOld), ::GetStockObject(WHITE_BRUSH));
     CBrush* pMine = dc.SelectObject(pOld);
-    EXPECT_EQ(pMine->GetSafeHandle(), br.GetSafeHandle());
+    EXPECT_EQ(pMine, &br) << "the object itself while the handle is attached to it";
+    const HGDIOBJ hBrush = br.Detach();
+    EXPECT_NE(CBrush::FromHandle(static_cast<HBRUSH>(hBrush)), &br);
+    br.Attach(hBrush);
+    std::thread([&] { EXPECT_NE(CBrush::FromHandle(br), &br) << "objects stay on their thread"; }).join();
     EXPECT_EQ(dc.SelectObject(static_cast<CBrush*>(nullptr)), nullptr);
     winlite::DeleteTemporaryGdiObjects(); // which own nothing
     EXPECT_NE(dc.SelectObject(&br), nullptr);
@@ -71,12 +76,12 @@ TEST(GdiObjectTest, RectanglesFollowTheWindowsRules)
 {
     CRect rc;
     EXPECT_FALSE(rc.IntersectRect(CRect(0, 0, 10, 10), CRect(10, 0, 20, 10)));
-    EXPECT_EQ(rc, CRect());
+    EXPECT_TRUE(rc.IsRectNull());
     EXPECT_TRUE(rc.IntersectRect(CRect(0, 0, 10, 10), CRect(3, -5, 20, 7)));
     EXPECT_EQ(rc, CRect(3, 0, 10, 7));
     EXPECT_TRUE(rc.UnionRect(CRect(5, 5, 5, 9), CRect(1, 1, 2, 2)));
     EXPECT_EQ(rc, CRect(1, 1, 2, 2));
-    EXPECT_FALSE(rc.UnionRect(CRect(5, 5, 5, 9), CRect()));
+    EXPECT_FALSE(rc.UnionRect(CRect(5, 5, 5, 9), CRect(0, 0, 0, 0)));
     EXPECT_TRUE(rc.UnionRect(CRect(1, 1, 2, 2), CRect(0, 3, 5, 4)));
     EXPECT_EQ(rc, CRect(0, 1, 5, 4));
 }

@@ -38,7 +38,10 @@ protected:
     {
         if (uMessage == WM_USER)
             strLog += "user " + std::to_string(wParam) + ";";
-        return CWnd::WindowProc(uMessage, wParam, lParam);
+        const LRESULT lResult = CWnd::WindowProc(uMessage, wParam, lParam);
+        if (uMessage == WM_NCDESTROY)
+            strLog += m_hWnd ? "still there;" : "last message;";
+        return lResult;
     }
     DECLARE_MESSAGE_MAP()
 };
@@ -85,7 +88,8 @@ TEST_F(WndTest, HandlersGetDecodedMessagesFromTheFirstToTheLast)
     desktop.Advance(250);
     desktop.DispatchPending();
     wnd.DestroyWindow();
-    EXPECT_EQ(wnd.strLog, "size 0 50x40;size 0 60x45;hscroll 5 65535 bar;hscroll 1 0 none;timer 9;destroy;gone;");
+    EXPECT_EQ(wnd.strLog,
+              "size 0 50x40;size 0 60x45;hscroll 5 65535 bar;hscroll 1 0 none;timer 9;destroy;gone;last message;");
     EXPECT_EQ(sb.m_hWnd, nullptr);
 }
 

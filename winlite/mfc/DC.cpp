@@ -39,6 +39,11 @@ CPen* CDC::SelectObject(CPen* pPen)
     return CPen::FromHandle(static_cast<HPEN>(::SelectObject(m_hDC, CGdiObject::SafeHandleOf(pPen))));
 }
 
+int CDC::SelectObject(CRgn* pRgn)
+{
+    return static_cast<int>(reinterpret_cast<INT_PTR>(::SelectObject(m_hDC, CGdiObject::SafeHandleOf(pRgn))));
+}
+
 CGdiObject* CDC::SelectStockObject(int iObject)
 {
     const HGDIOBJ hOld = ::SelectObject(m_hDC, ::GetStockObject(iObject));

@@ -24,10 +24,12 @@ public:
     BOOL CreateCompatibleDC(CDC* pDC);
     BOOL DeleteDC();
 
-    /// Each returns the object that was selected before, NULL on failure (ERROR for the region).
+    /// Each returns the object that was selected before, NULL on failure; for a region, which becomes the clip region,
+    /// its complexity or ERROR.
     CBitmap* SelectObject(CBitmap* pBitmap);
     CBrush* SelectObject(CBrush* pBrush);
     CPen* SelectObject(CPen* pPen);
+    int SelectObject(CRgn* pRgn);
 
     /// Selects a brush or pen of the system's and returns the object that was selected before; NULL for other numbers.
     CGdiObject* SelectStockObject(int iObject);
@@ -39,7 +41,6 @@ public:
     int GetBkMode() const { return ::GetBkMode(m_hDC); }
     int SetROP2(int iRop2) { return ::SetROP2(m_hDC, iRop2); }
     int GetROP2() const { return ::GetROP2(m_hDC); }
-    int SetStretchBltMode(int iMode) { return ::SetStretchBltMode(m_hDC, iMode); }
     CPoint SetBrushOrg(int x, int y);
 
     void FillRect(LPCRECT prc, CBrush* pBrush) { ::FillRect(m_hDC, prc, *pBrush); }

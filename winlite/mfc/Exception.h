@@ -10,6 +10,17 @@ class CException : public CObject
 
 public:
     void Delete() { delete this; }
+
+    /// Writes what happened into nMaxError characters, shortened to fit; FALSE, and an empty text, when there is
+    /// nothing to say.
+    virtual BOOL GetErrorMessage(LPWSTR pszError, UINT nMaxError, UINT* pnHelpContext = nullptr) const;
+};
+
+/// Memory ran out. What winlite itself and the standard library throw is std::bad_alloc; sources written for the
+/// framework catch this too.
+class CMemoryException : public CException
+{
+    DECLARE_DYNAMIC(CMemoryException)
 };
 
 /// A window, device context or other system object could not be had.

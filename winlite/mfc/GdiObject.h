@@ -5,8 +5,9 @@
 
 class CDC;
 
-/// An object that owns a GDI handle: it deletes what it still holds when it is destroyed. Pointers that FromHandle and
-/// CDC::SelectObject return may be temporary objects, which own nothing and live until the message loop is idle.
+/// An object that owns a GDI handle: it deletes what it still holds when it is destroyed. FromHandle and
+/// CDC::SelectObject give the object that this thread attached the handle to; when there is none a temporary one, which
+/// owns nothing and lives until the message loop is idle.
 class CGdiObject : public CObject
 {
     DECLARE_DYNAMIC(CGdiObject)

@@ -30,7 +30,7 @@ BOOL CRect::IntersectRect(LPCRECT prc1, LPCRECT prc2)
 {
     const CRect rc(std::max(prc1->left, prc2->left), std::max(prc1->top, prc2->top), std::min(prc1->right, prc2->right),
                    std::min(prc1->bottom, prc2->bottom));
-    *this = rc.IsRectEmpty() ? CRect() : rc;
+    *this = rc.IsRectEmpty() ? CRect(0, 0, 0, 0) : rc;
     return !rc.IsRectEmpty();
 }
 
@@ -40,7 +40,7 @@ BOOL CRect::UnionRect(LPCRECT prc1, LPCRECT prc2)
     const CRect rc2(*prc2);
     if (rc1.IsRectEmpty() || rc2.IsRectEmpty())
     {
-        *this = rc2.IsRectEmpty() ? (rc1.IsRectEmpty() ? CRect() : rc1) : rc2;
+        *this = rc2.IsRectEmpty() ? (rc1.IsRectEmpty() ? CRect(0, 0, 0, 0) : rc1) : rc2;
         return !IsRectEmpty();
     }
     *this = CRect(std::min(rc1.left, rc2.left), std::min(rc1.top, rc2.top), std::max(rc1.right, rc2.right),

@@ -2,20 +2,33 @@
 
 #include "base/Types.h"
 
+namespace winlite
+{
+
+// What the default constructors below put into each field. The framework leaves them unset; a build with
+// PIXTANE_PATTERN_FILL shows by this number where somebody relies on zeros.
+#ifdef PIXTANE_PATTERN_FILL
+constexpr LONG UNSET_FIELD = static_cast<LONG>(0xCDCDCDCD);
+#else
+constexpr LONG UNSET_FIELD = 0;
+#endif
+
+} // namespace winlite
+
 class CSize : public SIZE
 {
 public:
-    CSize() : SIZE{} {}
+    CSize() : SIZE{winlite::UNSET_FIELD, winlite::UNSET_FIELD} {}
     CSize(int x, int y) : SIZE{x, y} {}
     CSize(const SIZE& sz) : SIZE(sz) {}
     bool operator==(const SIZE& sz) const { return cx == sz.cx && cy == sz.cy; }
 };
 
-/// A point; default-constructed at (0, 0).
+/// A point. Code must not rely on what the default constructors of these classes leave in the fields.
 class CPoint : public POINT
 {
 public:
-    CPoint() : POINT{} {}
+    CPoint() : POINT{winlite::UNSET_FIELD, winlite::UNSET_FIELD} {}
     CPoint(int xPoint, int yPoint) : POINT{xPoint, yPoint} {}
     CPoint(const POINT& pt) : POINT(pt) {}
     CPoint(const SIZE& sz) : POINT{sz.cx, sz.cy} {}
@@ -31,11 +44,11 @@ public:
     CSize operator-(const POINT& pt) const { return {x - pt.x, y - pt.y}; }
 };
 
-/// A half-open rectangle; default-constructed empty at (0, 0). Width and height may be negative.
+/// A half-open rectangle. Width and height may be negative.
 class CRect : public RECT
 {
 public:
-    CRect() : RECT{} {}
+    CRect() : CRect(winlite::UNSET_FIELD, winlite::UNSET_FIELD, winlite::UNSET_FIELD, winlite::UNSET_FIELD) {}
     CRect(int l, int t, int r, int b) : RECT{l, t, r, b} {}
     CRect(const RECT& rc) : RECT(rc) {}
     CRect(const POINT& pt, const SIZE& sz) : RECT{pt.x, pt.y, pt.x + sz.cx, pt.y + sz.cy} {}
@@ -52,7 +65,7 @@ public:
     BOOL IsRectEmpty() const { return right <= left || bottom <= top; }
     BOOL IsRectNull() const { return left == 0 && top == 0 && right == 0 && bottom == 0; }
     BOOL PtInRect(const POINT& pt) const { return pt.x >= left && pt.x < right && pt.y >= top && pt.y < bottom; }
-    void SetRectEmpty() { *this = CRect(); }
+    void SetRectEmpty() { *this = CRect(0, 0, 0, 0); }
     void SetRect(int l, int t, int r, int b) { *this = CRect(l, t, r, b); }
     void OffsetRect(int dx, int dy);
     void InflateRect(int dx, int dy);

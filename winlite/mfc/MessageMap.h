@@ -106,6 +106,7 @@ protected:                                                                      
 #define ON_WM_VSCROLL() {WM_VSCROLL, &winlite::CallHandler<&ThisClass::OnVScroll, winlite::ScrollArguments>},
 #define ON_WM_TIMER() {WM_TIMER, &winlite::CallHandler<&ThisClass::OnTimer, winlite::TimerArguments>},
 #define ON_WM_DESTROY() {WM_DESTROY, &winlite::CallHandler<&ThisClass::OnDestroy, winlite::NoArguments>},
+#define ON_WM_NCDESTROY() {WM_NCDESTROY, &winlite::CallHandler<&ThisClass::OnNcDestroy, winlite::NoArguments>},
 #define ON_WM_LBUTTONDOWN() {WM_LBUTTONDOWN, &winlite::CallHandler<&ThisClass::OnLButtonDown, winlite::MouseArguments>},
 #define ON_WM_LBUTTONUP() {WM_LBUTTONUP, &winlite::CallHandler<&ThisClass::OnLButtonUp, winlite::MouseArguments>},
 #define ON_WM_LBUTTONDBLCLK()                                                                                          \

@@ -1,6 +1,7 @@
 #include "mfc/Thread.h"
 
 #include "user/Window.h"
+#include "user/Workers.h"
 
 #include <cassert>
 
@@ -40,6 +41,31 @@ CWinThread::~CWinThread()
 {
     if (t_pThread == this)
         t_pThread = nullptr;
+    if (m_hThread)
+        ::CloseHandle(m_hThread);
+}
+
+void CWinThread::RunWorker(AFX_THREADPROC pProc, LPVOID pParam)
+{
+    t_pThread = this;
+    pProc(pParam);
+    if (m_bAutoDelete)
+        delete this;
+}
+
+CWinThread* AfxBeginThread(AFX_THREADPROC pProc, LPVOID pParam, int iPriority, UINT, DWORD dwCreateFlags, void*)
+{
+    auto* pThread = new CWinThread;
+    pThread->m_hThread = winlite::Workers::Start([=] { pThread->RunWorker(pProc, pParam); });
+    if (!pThread->m_hThread)
+    {
+        delete pThread;
+        return nullptr;
+    }
+    pThread->SetThreadPriority(iPriority);
+    if (!(dwCreateFlags & CREATE_SUSPENDED))
+        pThread->ResumeThread();
+    return pThread;
 }
 
 int CWinThread::Run()

@@ -1,8 +1,12 @@
 #pragma once
 
 #include "mfc/Wnd.h"
+#include "user/Sync.h"
 
-/// A thread with a message loop. m_pMainWnd is the host's main window.
+using AFX_THREADPROC = UINT (*)(LPVOID pParam);
+
+/// A thread: the program's own, with a message loop, or a worker. m_pMainWnd is the host's main window; a worker's has
+/// none, since windows' objects belong to the user-interface thread.
 class CWinThread : public CObject
 {
     DECLARE_DYNAMIC(CWinThread)
@@ -10,6 +14,12 @@ class CWinThread : public CObject
 public:
     CWinThread() = default;
     ~CWinThread() override;
+
+    /// Lets a worker that was created suspended begin. Any thread.
+    DWORD ResumeThread() { return ::ResumeThread(m_hThread); }
+
+    /// Takes effect when the worker begins. Any thread.
+    BOOL SetThreadPriority(int iPriority) { return ::SetThreadPriority(m_hThread, iPriority); }
 
     virtual BOOL InitInstance() { return FALSE; }
     virtual int ExitInstance() { return m_iExitCode; }
@@ -27,8 +37,17 @@ public:
     virtual BOOL PreTranslateMessage(MSG* pMsg);
 
     CWnd* m_pMainWnd = nullptr;
+    HANDLE m_hThread = nullptr; ///< Of a worker, to wait for its end; closed with the object.
+
+    /// A worker's object is deleted when the worker ends. One that sets this to FALSE, before the worker begins,
+    /// deletes the object itself, after that end.
+    BOOL m_bAutoDelete = TRUE;
 
 private:
+    friend CWinThread* AfxBeginThread(AFX_THREADPROC, LPVOID, int, UINT, DWORD, void*);
+
+    void RunWorker(AFX_THREADPROC pProc, LPVOID pParam);
+
     int m_iExitCode = 0;
 };
 
@@ -40,6 +59,12 @@ class CWinApp : public CWinThread
 public:
     CWinApp();
 };
+
+/// Starts a worker that calls pProc(pParam) and ends with it; suspended first with CREATE_SUSPENDED. The stack size and
+/// the security attributes are the system's. NULL when it cannot be started. The object may be gone as soon as the
+/// worker runs: wait for events, not for it.
+CWinThread* AfxBeginThread(AFX_THREADPROC pProc, LPVOID pParam, int iPriority = THREAD_PRIORITY_NORMAL,
+                           UINT uStackSize = 0, DWORD dwCreateFlags = 0, void* pSecurity = nullptr);
 
 /// The calling thread's object; NULL for a thread that the class library did not start.
 CWinThread* AfxGetThread();

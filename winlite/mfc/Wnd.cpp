@@ -56,8 +56,10 @@ void DeleteTemporaryWindows() { t_Temporary.clear(); }
 
 CWnd::~CWnd()
 {
-    if (m_hWnd && FromHandlePermanent(m_hWnd) == this)
-        ::DestroyWindow(m_hWnd);
+    if (!m_hWnd || FromHandlePermanent(m_hWnd) != this)
+        return;
+    ::DestroyWindow(m_hWnd);
+    t_Permanent.erase(m_hWnd); // An override that kept WM_NCDESTROY to itself has left it attached.
 }
 
 BOOL CWnd::Create(LPCWSTR pszClass, LPCWSTR pszName, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nID, void*)
@@ -129,7 +131,8 @@ const AFX_MSGMAP* CWnd::GetMessageMap() const { return GetThisMessageMap(); }
 
 const AFX_MSGMAP* CWnd::GetThisMessageMap()
 {
-    static const AFX_MSGMAP_ENTRY s_vEntries[] = {{WM_NULL, nullptr}};
+    using ThisClass = CWnd;
+    static const AFX_MSGMAP_ENTRY s_vEntries[] = {ON_WM_NCDESTROY(){WM_NULL, nullptr}};
     static const AFX_MSGMAP s_Map = {nullptr, s_vEntries};
     return &s_Map;
 }
@@ -207,10 +210,7 @@ void CWnd::OnNcDestroy()
 LRESULT AfxCallWndProc(CWnd* pWnd, HWND, UINT uMessage, WPARAM wParam, LPARAM lParam)
 {
     const CurrentMessageScope scope({uMessage, wParam, lParam});
-    if (uMessage != WM_NCDESTROY)
-        return pWnd->WindowProc(uMessage, wParam, lParam);
-    pWnd->OnNcDestroy();
-    return 0;
+    return pWnd->WindowProc(uMessage, wParam, lParam);
 }
 
 LRESULT AfxWndProc(HWND hWnd, UINT uMessage, WPARAM wParam, LPARAM lParam)

@@ -55,6 +55,7 @@ public:
     static CWnd* GetFocus() { return FromHandle(::GetFocus()); }
     static CWnd* GetCapture() { return FromHandle(::GetCapture()); }
     BOOL EnableWindow(BOOL bEnable = TRUE) { return ::EnableWindow(m_hWnd, bEnable); }
+    BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
 
     UINT_PTR SetTimer(UINT_PTR uId, UINT uMs, void* pCallback) { return ::SetTimer(m_hWnd, uId, uMs, pCallback); }
     BOOL KillTimer(UINT_PTR uId) { return ::KillTimer(m_hWnd, uId); }
@@ -80,7 +81,7 @@ protected:
     virtual const AFX_MSGMAP* GetMessageMap() const;
     static const AFX_MSGMAP* GetThisMessageMap();
 
-    /// Offers a message to the message map, then to the default procedure.
+    /// Offers a message, WM_NCDESTROY last of all, to the message map, then to the default procedure.
     virtual LRESULT WindowProc(UINT uMessage, WPARAM wParam, LPARAM lParam);
 
     /// Looks the message up in the maps of the class and its bases; TRUE when a handler took it.
@@ -121,9 +122,11 @@ protected:
     void OnSetFocus(CWnd*) { Default(); }
     void OnKillFocus(CWnd*) { Default(); }
 
+    /// Takes the object off its window and calls PostNcDestroy, where the object may delete itself: nothing follows.
+    void OnNcDestroy();
+
 private:
     void AttachBeforeFirstMessage(HWND hWnd);
-    void OnNcDestroy();
 
     WNDPROC m_pSuperProc = nullptr;
 };
