@@ -67,4 +67,83 @@ bool Resize(const unsigned char* pBits, size_t nBytes, const BITMAPINFO& info, s
             BITMAPINFO& infoResult, int iWidth, int iHeight, RESIZE_ALGORITHM eAlgorithm,
             void (*pfnProgress)(size_t, size_t));
 
+/// The weight of a pixel that a pen covers whole: pen and coverage weights go from 0 to it. Products with differences
+/// of levels and of weights are exact in 24 and 32 bits, and ten dabs are right to 1/20 of a level.
+inline constexpr int FULL_WEIGHT = 1 << 15;
+
+/// The shapes that CreateMask makes.
+enum emVXMaskType : int
+{
+    MASK_DISC = 0,
+};
+
+/// The largest mask that CreateMask makes.
+inline constexpr int MAX_MASK_SIZE = 501;
+
+/// Makes the weights of a pen, iSize x iSize of them row by row, and their header: 32 bits a pixel, with the number of
+/// weights for biSizeImage, as BitBlt expects it.
+///
+/// The pen is a disc that fills the square. With r its radius, iSize / 2, the weight at a distance from its middle is
+/// whole up to fHardness * r and falls along 1 - 3t^2 + 2t^3, t from 0 to 1, to 0 at r, averaged over one pixel along
+/// the radius, which takes the steps off the rim of a hard disc. Weights are rounded to nearest, on a scale that makes
+/// the highest of every pen FULL_WEIGHT. The pen is the same turned by quarters and mirrored.
+///
+/// False, with nothing written, for other types, a size that is not 1 to MAX_MASK_SIZE, a hardness that is not 0 to 1,
+/// or if memory runs out. Any thread.
+bool CreateMask(std::vector<int>& vWeights, BITMAPINFO& infoWeights, emVXMaskType eType, int iSize, float fHardness);
+
+/// What BitBlt does with the pixels.
+enum emBitBltFlag : int
+{
+    BITBLT_COPY = 0,
+    BITBLT_STAMP = 1,
+};
+
+/// Copies pixels, or stamps a pen: cx x cy pixels, from (xSource, ySource) to (xDest, yDest), which count from the top
+/// left as displayed. Only what lies inside both images is processed, which may be nothing.
+///
+/// Images are bottom-up rows, padded to 4 bytes, of 24 or 32 bits a pixel, the same for both. A weighted copy, one with
+/// pWeights, moves each byte of a pixel towards the source's by weight / FULL_WEIGHT, rounded to the nearest level,
+/// halves upwards: 0 changes nothing, FULL_WEIGHT copies. There is a weight for each pixel of the source image, read at
+/// the source's position.
+///
+/// A stamp (bStampToWeights and BITBLT_STAMP) has weights for images, of a pen and of coverage: 32 bits a pixel, one
+/// int each. With S the highest weight of the whole pen, coverage c below S becomes c + (S - c) * w / S, and c above
+/// stays: repeated dabs come up to S and never beyond. The quotient is rounded to nearest, with an error of less than
+/// 1/64 beyond that.
+///
+/// Weights lie row by row with the top row first, and go from 0 to FULL_WEIGHT. A weighted copy by others has colours
+/// that mean nothing. The images must not overlap in memory.
+///
+/// False, with nothing written, without images, for other bit counts, sizes that are not positive, images of more than
+/// 2^31 - 1 pixels, flags that contradict each other, fewer weights than the source has pixels, and for a stamp by
+/// weights or with a pen that has others than 0 to FULL_WEIGHT. The result is the same on every machine. bReserved has
+/// no meaning. Progress is told as by FeatherRegion. Any thread.
+bool BitBlt(bool bStampToWeights, void* pDest, BITMAPINFO& infoDest, int xDest, int yDest, const void* pSource,
+            const BITMAPINFO& infoSource, int xSource, int ySource, int cx, int cy, emBitBltFlag eFlag,
+            const int* pWeights, size_t nWeights, bool bReserved, void (*pfnProgress)(size_t, size_t));
+
+/// Where an image is changed, and by how much.
+struct tagPROCESS_REGION
+{
+    RECT rcRegion;
+    /// A byte for each pixel of the bitmap, top row first, without padding: 0 leaves the pixel, 255 changes it wholly.
+    std::vector<unsigned char> vRegionMask;
+};
+
+/// Shifts hue, saturation and value of the pixels of a region: bottom-up rows, padded to 4 bytes, of a bitmap of 24 or
+/// 32 bits a pixel, whose fourth byte stays. Only the part of the region inside the bitmap is written.
+///
+/// The value, the highest of the three channels, moves by dValue of the full scale of 255, the saturation by
+/// dSaturation of 1, both cut off at the ends of their scales, and the hue by dHue of a full turn. What is not moved
+/// stays: for a change of the value alone, all three channels grow by one factor. Greys have no hue: they stay grey,
+/// and black becomes grey. The mask then weighs the step from the old to the new pixel. The levels are rounded to
+/// nearest, with an error of less than 1/100 beyond that, and do not depend on the machine.
+///
+/// False, with nothing written, for fewer bytes than the header says, other bit counts, sizes that are not positive, a
+/// mask of another size, a region with no pixel inside the bitmap, or numbers that are not finite. bReserved has no
+/// meaning. Progress is told as by FeatherRegion. Any thread.
+bool AdjustHSV(std::vector<unsigned char>& vBits, BITMAPINFO& info, tagPROCESS_REGION& region, double dHue,
+               double dSaturation, double dValue, void (*pfnProgress)(size_t, size_t), bool bReserved);
+
 } // namespace Vorpix
