@@ -1,3 +1,4 @@
+#include "Images.h"
 #include "platform/vorpix.h"
 
 #include <gtest/gtest.h>
@@ -11,17 +12,6 @@ namespace
 {
 
 constexpr unsigned long COLOUR = 0x64C832; // blue 100, green 200, red 50
-
-BITMAPINFO InfoOf(int iWidth, int iHeight, int iBitsPixel)
-{
-    BITMAPINFO info = {};
-    info.bmiHeader.biWidth = iWidth;
-    info.bmiHeader.biHeight = iHeight;
-    info.bmiHeader.biBitCount = static_cast<WORD>(iBitsPixel);
-    return info;
-}
-
-size_t StrideOf(int iWidth, int iBitsPixel) { return (static_cast<size_t>(iWidth) * iBitsPixel / 8 + 3) / 4 * 4; }
 
 /// The weight as declared, not rounded.
 double ExactWeight(const unsigned char* pPixel, int iTolerance)
@@ -81,37 +71,4 @@ TEST(CreateRegionFromColor, WeighsEveryPixelOfTheAreaAndNoOther)
                             ASSERT_NEAR(vMask[i], ExactWeight(pPixel, iTolerance), 0.625) << x << "," << y;
                     }
                 }
-}
-
-TEST(CreateRegionFromColor, RefusesBadArgumentsAndLeavesTheMask)
-{
-    const unsigned char aBits[4 * 4 * 4] = {};
-    const struct
-    {
-        int iWidth, iHeight, iBitsPixel, iTolerance;
-        RECT rcArea;
-        const unsigned char* pBits = nullptr;
-        size_t nMask = 16;
-    } aCases[] = {
-        {4, 4, 32, 1, {0, 0, 4, 4}},
-        {4, 4, 16, 1, {0, 0, 4, 4}, aBits},
-        {4, 4, 8, 1, {0, 0, 4, 4}, aBits},
-        {0, 4, 32, 1, {0, 0, 4, 4}, aBits, 0},
-        {-4, -4, 32, 1, {0, 0, 4, 4}, aBits},
-        {4, 4, 32, 1, {0, 0, 4, 4}, aBits, 15},
-        {INT_MAX, INT_MAX, 32, 1, {0, 0, 4, 4}, aBits},
-        {4, 4, 32, -1, {0, 0, 4, 4}, aBits},
-        {4, 4, 32, 1, {0, 0, 0, 0}, aBits},
-        {4, 4, 32, 1, {4, 0, 8, 4}, aBits},
-        {4, 4, 32, 1, {3, 0, 1, 4}, aBits},
-        {4, 4, 24, 1, {0, INT_MIN, 4, 0}, aBits},
-    };
-    for (const auto& test : aCases)
-    {
-        BITMAPINFO info = InfoOf(test.iWidth, test.iHeight, test.iBitsPixel);
-        RECT rcArea = test.rcArea;
-        std::vector<unsigned char> vMask(test.nMask, 77);
-        EXPECT_FALSE(Vorpix::CreateRegionFromColor(test.pBits, info, rcArea, vMask, 0, test.iTolerance, nullptr));
-        EXPECT_EQ(vMask, std::vector<unsigned char>(test.nMask, 77));
-    }
 }
