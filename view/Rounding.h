@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/framework.h"
+#include "platform/minmax.h"
+
 #include <limits>
 
 // The three ways in which the view turns a zoomed coordinate into a pixel. Coordinates and constants are single
@@ -40,6 +43,14 @@ inline int SaturatedSum(long long llA, long long llB)
     constexpr long long MAX = std::numeric_limits<int>::max();
     const long long llSum = (llA < MIN ? MIN : llA > MAX ? MAX : llA) + (llB < MIN ? MIN : llB > MAX ? MAX : llB);
     return static_cast<int>(llSum < MIN ? MIN : llSum > MAX ? MAX : llSum);
+}
+
+/// The bitmap pixel under a window point, by display position and zoom.
+inline CPoint BitmapPixelAt(CPoint ptWindow, const Gdiplus::Point& ptDispPos, double dbZoom)
+{
+    const float fZoom = static_cast<float>(dbZoom);
+    return {FloorLike(static_cast<float>(SaturatedSum(ptWindow.x, ptDispPos.X)) / fZoom),
+            FloorLike(static_cast<float>(SaturatedSum(ptWindow.y, ptDispPos.Y)) / fZoom)};
 }
 
 } // namespace Pixtane

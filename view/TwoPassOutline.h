@@ -10,8 +10,9 @@ namespace Pixtane
 class CTwoPassOutline
 {
 public:
-    explicit CTwoPassOutline(CDC& dc)
-        : m_dc(dc), m_penSolid(PS_SOLID, 1, RGB(0, 0, 0)), m_penDashes(PS_DASHDOT, 1, RGB(0, 0, 0)),
+    /// With dashes of that style of pen.
+    explicit CTwoPassOutline(CDC& dc, int iDashes = PS_DASHDOT)
+        : m_dc(dc), m_penSolid(PS_SOLID, 1, RGB(0, 0, 0)), m_penDashes(iDashes, 1, RGB(0, 0, 0)),
           m_pOldPen(dc.SelectObject(&m_penSolid)), m_pOldBrush(dc.SelectStockObject(NULL_BRUSH))
     {
     }

@@ -1,4 +1,4 @@
-"""The cursors of the tools that select, scroll and resize."""
+"""The cursors of the tools."""
 
 from .canvas import Canvas
 from .shapes import ellipse, frame, line, mirrored, moved, polygon, rectangle, smooth, transposed
@@ -36,6 +36,23 @@ OPEN_FINGERS = [(5, 3, 10), (8, 2, 10), (11, 2.5, 10), (14, 5, 10)]
 OPEN_THUMB = [(2, 9.6), (5, 13.4)]
 CLOSED_FINGERS = [(5, 6.5, 10), (8, 5.5, 10), (11, 6, 10), (14, 7.2, 10)]
 CLOSED_THUMB = [(3, 10), (5, 13)]
+
+# The eyedropper from its tip in the middle of pixel (9, 22) up to the right: glass, collar and bulb.
+DROPPER_GLASS = [(9.5, 22.5), (11.5, 18.5), (18, 12), (20, 14), (13.5, 20.5)]
+DROPPER_COLLAR = line([(16.5, 10.5), (21.5, 15.5)], 2)
+DROPPER_BULB = line([(20, 12), (23, 9)], 4.4)
+
+# A ring around the free pixel in the middle, with four ticks.
+TARGET = line(ellipse(15.5, 15.5, 8, 8)[0], 1.4, closed=True) + (
+    rectangle(15, 3, 1, 8) + rectangle(15, 20, 1, 8) + rectangle(3, 15, 8, 1) + rectangle(20, 15, 8, 1)
+)
+
+# A pen from its tip in the middle of pixel (0, 15) up to the right.
+PEN_BODY = [(0.5, 15.5), (2.6, 10.4), (10.6, 2.4), (13.6, 5.4), (5.6, 13.4)]
+PEN_TIP = polygon((0.5, 15.5), (1.5, 13), (3, 14.5))
+
+LENS = ellipse(12.5, 12.5, 8, 8)
+LENS_HANDLE = line([(19, 19), (27, 27)], 3)
 
 HORIZONTAL = rectangle(3, 3, 9, 1) + polygon((0.5, 3.5), (4, 1), (4, 6)) + polygon((14.5, 3.5), (11, 1), (11, 6))
 FALLING = line([(3, 3), (12, 12)], 1.4) + polygon((1, 1), (6, 1), (1, 6)) + polygon((14, 14), (9, 14), (14, 9))
@@ -77,6 +94,21 @@ def hand(fingers, thumb):
     return Canvas().rimmed(shape)
 
 
+def eyedropper():
+    """A white dropper with a black bulb."""
+    return Canvas().ink(line(DROPPER_GLASS, 1, closed=True), [DROPPER_GLASS]).ink(DROPPER_COLLAR + DROPPER_BULB)
+
+
+def pen():
+    """A white pen with a black tip."""
+    return Canvas().ink(line(PEN_BODY, 1, closed=True), [PEN_BODY]).ink(PEN_TIP)
+
+
+def lens(mark):
+    """A magnifier with a mark in the middle of its glass."""
+    return Canvas().ink(line(LENS[0], 1.6, closed=True) + LENS_HANDLE + moved(mark, 9.5, 9.5), LENS)
+
+
 def cursors():
     """All of them: name to canvas and hot spot."""
     table = {}
@@ -89,6 +121,11 @@ def cursors():
     table["move_selection"] = hollow_arrow(), (0, 0)
     table["hand_open"] = hand(OPEN_FINGERS, OPEN_THUMB), (8, 6)
     table["hand_closed"] = hand(CLOSED_FINGERS, CLOSED_THUMB), (8, 6)
+    table["eyedropper"] = eyedropper(), (9, 22)
+    table["clone_source"] = Canvas().ink(TARGET), (15, 15)
+    table["zoom_in"] = lens(MARKS["add"]), (12, 12)
+    table["zoom_out"] = lens(MARKS["subtract"]), (12, 12)
+    table["pen"] = pen(), (0, 15)
     table["size_horizontal"] = Canvas().ink(HORIZONTAL), (7, 3)
     table["size_vertical"] = Canvas().ink(transposed(HORIZONTAL)), (3, 7)
     table["size_falling"] = Canvas().ink(FALLING), (7, 7)
