@@ -24,10 +24,24 @@ void CPixtane::IEmbeddedTool::OnDispPosChanged() {}
 
 CPoint CPixtane::IEmbeddedTool::CursorInView() const
 {
-    CPoint ptCursor;
+    CPoint ptCursor(0, 0);
     ::GetCursorPos(&ptCursor);
     pView->ScreenToClient(&ptCursor);
     return ptCursor;
+}
+
+bool CPixtane::IEmbeddedTool::IsCursorOverView() const
+{
+    CRect rcView(0, 0, 0, 0);
+    pView->GetClientRect(&rcView);
+    return rcView.PtInRect(CursorInView());
+}
+
+void CPixtane::IEmbeddedTool::CaptureMouse()
+{
+    // Captured again, a window is told that it lost the capture, to itself.
+    if (::GetCapture() != pView->m_hWnd)
+        pView->SetCapture();
 }
 
 void CPixtane::IEmbeddedTool::ReleaseMouse()

@@ -41,7 +41,7 @@ public:
 
     /// In every paint with a bitmap: before the bitmap is drawn, and after the bitmap and the selection's border. The
     /// second comes only to a tool that got the first and has stayed loaded since: one that is unloaded in between
-    /// gives up in OnUnload what it took in the first.
+    /// gives up in OnUnload what it took in the first. It comes also when an exception ends the drawing.
     virtual int OnPrePaint(CDC& dc, CRect& rcView) = 0;
     virtual int OnPostPaint(CDC& dc, CRect& rcView) = 0;
 
@@ -78,6 +78,13 @@ protected:
 
     /// The pointer in window coordinates of the view. Hosted tools only.
     CPoint CursorInView() const;
+
+    /// Whether the pointer is over the view area. Hosted tools only.
+    bool IsCursorOverView() const;
+
+    /// Takes the mouse for the view, and tells nobody when the view has it already. Hosted tools only; afterwards the
+    /// tool may no longer be.
+    void CaptureMouse();
 
     /// Gives the mouse capture up; another window that has taken it keeps it.
     void ReleaseMouse();

@@ -1,3 +1,4 @@
+#include "view/CoverLock.h"
 #include "view/Pixtane.h"
 
 namespace Pixtane
@@ -5,11 +6,11 @@ namespace Pixtane
 
 int CPixtane::EnterPreviewMode()
 {
-    if (!m_pBmpData || m_bShowCover || !m_hWnd)
+    if (!m_pBmpData || m_bShowCover || m_bCoverKept || !m_hWnd)
         return FALSE;
-    CRect rcView;
+    CRect rcView(0, 0, 0, 0);
     GetClientRect(&rcView);
-    CRect rcShown;
+    CRect rcShown(0, 0, 0, 0);
     rcShown.IntersectRect(m_rcDrawDest, rcView);
     {
         CClientDC dc(this);
@@ -28,6 +29,7 @@ int CPixtane::EnterPreviewMode()
 
 void CPixtane::KeepSnapshot(CUXMemDC& dc)
 {
+    const CCoverLock lock(m_pcsCover);
     BITMAP bm = {};
     dc.GetBitmap().GetBitmap(&bm);
     BITMAPINFOHEADER& header = m_CoverBmpInfo.bmiHeader;

@@ -1,3 +1,4 @@
+#include "view/CoverLock.h"
 #include "view/DibSize.h"
 #include "view/EmbeddedTool.h"
 #include "view/MainWindow.h"
@@ -18,14 +19,14 @@ void CPixtane::OnPaint()
         ValidateRect(nullptr);
         return;
     }
-    CRect rcView;
+    CRect rcView(0, 0, 0, 0);
     GetClientRect(&rcView);
-    CRect rcWindow;
+    CRect rcWindow(0, 0, 0, 0);
     CUXWnd::GetClientRect(&rcWindow);
     CPaintDC dcPaint(this);
+    CBitmap bmpBack; // It outlives the device context: selected into one it could not be deleted.
     CDC dcMemory;
     dcMemory.CreateCompatibleDC(&dcPaint);
-    CBitmap bmpBack;
     bmpBack.CreateCompatibleBitmap(&dcPaint, rcView.Width(), rcView.Height());
     CBitmap* pOldBitmap = dcMemory.SelectObject(&bmpBack);
     if (m_bHScrollShown && m_bVScrollShown)
@@ -49,15 +50,27 @@ void CPixtane::PaintBackBuffer(CDC& dc, const CRect& rcWindow, CRect& rcView)
     dc.FillRect(&rcWindow, &brBackground);
     if (!m_pBmpData)
         return;
-    IEmbeddedTool* pTool = m_pEmbeddedTool;
+    IEmbeddedTool* const pTool = m_pEmbeddedTool;
     const UINT uLoads = m_uToolLoads;
+    // A tool that another took the place of meanwhile did not see the beginning, and gets no end.
+    const auto endPaint = [&]
+    {
+        if (pTool && pTool == m_pEmbeddedTool && uLoads == m_uToolLoads)
+            pTool->OnPostPaint(dc, rcView);
+    };
     if (pTool)
         pTool->OnPrePaint(dc, rcView);
-    DrawBitmap(dc, rcView);
-    DrawSelectBorder(dc, m_uBorderPhase);
-    // A tool that another took the place of meanwhile did not see the beginning, and gets no end.
-    if (pTool && pTool == m_pEmbeddedTool && uLoads == m_uToolLoads)
-        pTool->OnPostPaint(dc, rcView);
+    try
+    {
+        DrawBitmap(dc, rcView);
+        DrawSelectBorder(dc, m_uBorderPhase);
+    }
+    catch (...)
+    {
+        endPaint(); // It gives back there what it took before the drawing, a lock say.
+        throw;
+    }
+    endPaint();
 }
 
 CPixtane::DrawRects CPixtane::ComputeDrawRects(const CRect& rcView) const
@@ -134,6 +147,7 @@ BOOL CPixtane::DrawLiveBitmap(CDC& dc, const CRect& rcView, const DrawRects& rec
 
 BOOL CPixtane::DrawCover(CDC& dc, const DrawRects& rects)
 {
+    const CCoverLock lock(m_pcsCover);
     const std::optional<int> nBytes = DibByteCount(m_CoverBmpInfo.bmiHeader);
     if (!nBytes || m_vCoverBmpData.size() < static_cast<std::size_t>(*nBytes))
         return FALSE;
