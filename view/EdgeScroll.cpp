@@ -1,5 +1,6 @@
 #include "view/EdgeScroll.h"
 
+#include "platform/minmax.h"
 #include "view/Rounding.h"
 
 #include <algorithm>
@@ -25,15 +26,13 @@ int StepAt(int iPoint, int iView)
 
 CSize EdgeStep(CPixtane& view, CPoint ptClient)
 {
-    CRect rcView;
+    CRect rcView(0, 0, 0, 0);
     view.GetClientRect(&rcView);
     return {StepAt(ptClient.x, rcView.Width()), StepAt(ptClient.y, rcView.Height())};
 }
 
 bool ScrollBy(CPixtane& view, CSize szStep)
 {
-    if (szStep == CSize(0, 0))
-        return false; // The view would only repaint.
     const Gdiplus::Point ptBefore = view.ptDispPos();
     view.SetDispPosition(SaturatedSum(ptBefore.X, szStep.cx), SaturatedSum(ptBefore.Y, szStep.cy));
     return !view.ptDispPos().Equals(ptBefore);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "view/MainWindow.h"
 #include "view/Pixtane.h"
 
 namespace Pixtane
@@ -9,17 +10,21 @@ namespace Pixtane
 /// pixels at most; negative towards left and top.
 CSize EdgeStep(CPixtane& view, CPoint ptClient);
 
-/// Scrolls the view by a step, as far as its image allows. TRUE when the display position changed.
+/// Scrolls the view by a step, as far as its image allows; a step of nothing repaints. TRUE when the display position
+/// changed.
 bool ScrollBy(CPixtane& view, CSize szStep);
 
 /// Calls step(ptClient), which scrolls by EdgeStep and tells whether it did so, again and again with the
-/// pointer's present place: for as long as it scrolls and, when a button was really held, until that is let go.
+/// pointer's present place: for as long as it scrolls and, when the button was really held, until that is let go. While
+/// the host's main window is minimised, nothing limits the display position, and one step is all.
 template<class Step>
 void ScrollWhileAtEdge(CPixtane& view, CPoint ptClient, Step step)
 {
-    const auto isHeld = [] { return ::GetAsyncKeyState(VK_LBUTTON) < 0; };
+    // The live state is that of the buttons themselves, which the user may have swapped.
+    const int iButton = ::GetSystemMetrics(SM_SWAPBUTTON) ? VK_RBUTTON : VK_LBUTTON;
+    const auto isHeld = [iButton] { return ::GetAsyncKeyState(iButton) < 0; };
     const bool bHeldAtFirst = isHeld();
-    while (step(ptClient) && (!bHeldAtFirst || isHeld()))
+    while (step(ptClient) && !IsMainWindowMinimised() && (!bHeldAtFirst || isHeld()))
     {
         ::GetCursorPos(&ptClient);
         view.ScreenToClient(&ptClient);

@@ -1,5 +1,7 @@
 #include "view/Module.h"
 
+#include <afxdllx.h>
+
 namespace
 {
 

@@ -1,5 +1,6 @@
 #include "view/Pixtane.h"
 
+#include "view/CursorIds.h"
 #include "view/Module.h"
 #include "view/Notifications.h"
 
@@ -9,8 +10,7 @@ namespace Pixtane
 namespace
 {
 
-constexpr UINT RES_PATTERN = 3000;        // and the three after it, one for each phase of the selection border
-constexpr UINT RES_CURSOR_DEFAULT = 3005; // the crosshair
+constexpr UINT RES_PATTERN = 3000; // and the three after it, one for each phase of the selection border
 
 constexpr BITMAPINFO DefaultHeader()
 {
@@ -23,6 +23,11 @@ constexpr BITMAPINFO DefaultHeader()
 }
 
 } // namespace
+
+const UINT CPixtane::MAX_TOOLNAME;
+const UINT CPixtane::TIMER_DRAWSELECTBOX;
+const UINT CPixtane::TIMER_DRAWSELECTBOX_INTERVAL;
+const UINT CPixtane::MAXREPEAT_DRAWSELECTBOX;
 
 IMPLEMENT_DYNAMIC(CPixtane, CUXWnd)
 
@@ -55,7 +60,7 @@ CPixtane::CPixtane(int bNoSelectMask) : m_bNoSelectMask(bNoSelectMask)
     m_BmpInfo = DefaultHeader();
     m_CoverBmpInfo = m_BmpInfo;
     LoadPatterns();
-    m_hDefCursor = ::LoadCursor(ModuleInstance(), MAKEINTRESOURCE(RES_CURSOR_DEFAULT));
+    m_hDefCursor = ::LoadCursor(ModuleInstance(), MAKEINTRESOURCE(CURSOR_CROSSHAIR));
 }
 
 CPixtane::~CPixtane()
@@ -91,7 +96,7 @@ int CPixtane::Create(const RECT& rect, CWnd* pParentWnd, UINT nID, DWORD crBackg
 {
     if (!CUXWnd::Create(m_strWndClass, L"", WS_CHILD | WS_CLIPSIBLINGS | WS_TABSTOP, rect, pParentWnd, nID))
         return FALSE;
-    CRect rcView;
+    CRect rcView(0, 0, 0, 0);
     GetClientRect(&rcView);
     const CRect rcHorz(rcView.left, rcView.bottom - HorizontalBarHeight(), rcView.right - VerticalBarWidth(),
                        rcView.bottom);
@@ -107,7 +112,11 @@ int CPixtane::Create(const RECT& rect, CWnd* pParentWnd, UINT nID, DWORD crBackg
     return TRUE;
 }
 
-void CPixtane::OnDestroy() { CUXWnd::OnDestroy(); }
+void CPixtane::OnDestroy()
+{
+    DropPostedNotifications();
+    CUXWnd::OnDestroy();
+}
 
 DWORD CPixtane::SetBackgroundColor(DWORD cr)
 {

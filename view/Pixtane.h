@@ -23,10 +23,11 @@ class AFX_EXT_CLASS CPixtane : public CUXWnd
 public:
     class IEmbeddedTool;
 
-    static constexpr UINT MAX_TOOLNAME = 100;                 ///< Characters of a tool's name, its end included.
-    static constexpr UINT TIMER_DRAWSELECTBOX = 100;          ///< Id of the timer that animates the selection border.
-    static constexpr UINT TIMER_DRAWSELECTBOX_INTERVAL = 250; ///< Its period in milliseconds.
-    static constexpr UINT MAXREPEAT_DRAWSELECTBOX = 4;        ///< Number of phases of the animation.
+    // Exported, as the constants of the tools are: each has its definition in a source.
+    static const UINT MAX_TOOLNAME = 100;                 ///< Characters of a tool's name, its end included.
+    static const UINT TIMER_DRAWSELECTBOX = 100;          ///< Id of the timer that animates the selection border.
+    static const UINT TIMER_DRAWSELECTBOX_INTERVAL = 250; ///< Its period in milliseconds.
+    static const UINT MAXREPEAT_DRAWSELECTBOX = 4;        ///< Number of phases of the animation.
 
     /// With bNoSelectMask nonzero the view keeps no per-pixel selection masks. Throws a wide text (const wchar_t*) when
     /// the border patterns cannot be made from the module's resources.
@@ -44,7 +45,7 @@ public:
     /// selection. FALSE, with nothing changed, without a window or pixels, for sizes below 1, a biSizeImage that is no
     /// multiple of 4, or a bitmap whose pixel count, row length or byte count does not fit 31 bits. 16 (five bits a
     /// channel), 24 and 32 bits a pixel are drawn; others show the background. When memory is short it returns FALSE
-    /// and the view is empty.
+    /// and the view is empty; so it is when an exception of a notification or a paint comes out of here.
     int SetBitmap(BITMAPINFO& info, BYTE* const pData);
 
     /// Tells that pixels or buffer changed. With an unchanged header the view only repaints: afresh for another buffer
@@ -138,7 +139,7 @@ public:
     // ---- cover image and read-back
 
     /// Freezes the displayed picture: it is shown, unmoving, instead of the bitmap until ExitPreviewMode. FALSE without
-    /// a bitmap or while a cover is shown.
+    /// a bitmap, while a cover is shown, and while a tool keeps it.
     int EnterPreviewMode();
     void ExitPreviewMode();
 
@@ -158,6 +159,14 @@ public:
     /// The colour on screen at a window point, or at the centre of a bitmap pixel, with everything drawn over the
     /// image; the background colour outside the view area, outside the bitmap, and without one.
     DWORD GetPixelRGBValue(const POINT& pt, int bWindowCoords);
+
+    /// A tool whose workers write the cover's pixels lends the view the lock that guards them: the view holds it
+    /// wherever it reads or replaces the cover outside a paint, for which the tool holds it itself from OnPrePaint to
+    /// OnPostPaint. NULL ends that; the tool does so when it is unloaded.
+    void LendCoverLock(CCriticalSection* pLock) { m_pcsCover = pLock; }
+
+    /// While a tool keeps the cover, as a brush does during a stroke, EnterPreviewMode puts no other picture there.
+    void KeepCover(bool bKeep) { m_bCoverKept = bKeep; }
 
     // ---- the selection (members implemented in selection/)
 
@@ -253,7 +262,7 @@ protected:
 private:
     struct DrawRects
     {
-        CRect rcDest;              ///< Whole pixels, for DrawDib.
+        CRect rcDest{0, 0, 0, 0};  ///< Whole pixels, for DrawDib.
         Gdiplus::RectF rcDestReal; ///< What they were rounded from, for GDI+.
         Gdiplus::RectF rcSrc;      ///< Bitmap coordinates.
     };
@@ -271,6 +280,10 @@ private:
     void LimitDispPos(int cx, int cy);
     void UpdateScrollInfo(CScrollBar& sb, float fZoomed, int iView, int iPos);
     bool ScrollTarget(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar, int& iTarget);
+
+    /// Ends the notifications that were posted and not received: without the view's window nobody can tell whose they
+    /// are.
+    void DropPostedNotifications();
 
     bool SwallowsButtonUp();
     void ScrollByKey(UINT nChar);
@@ -308,7 +321,7 @@ protected:
     BOOL m_bCacheDirty = TRUE;
     std::vector<BYTE> m_vCoverBmpData;
     BITMAPINFO m_CoverBmpInfo = {};
-    CRect m_rcCoverBmp;
+    CRect m_rcCoverBmp{0, 0, 0, 0};
     BOOL m_bShowCover = FALSE;
     BOOL m_bCoverImageCoords = FALSE;
     BOOL m_bRedrawLocked = FALSE;
@@ -317,10 +330,10 @@ protected:
     BOOL m_bZooming = FALSE;
     Gdiplus::SizeF m_szZoomed;
     Gdiplus::Point m_ptDispPos;
-    CRect m_rcDrawDest;
+    CRect m_rcDrawDest{0, 0, 0, 0};
     Gdiplus::RectF m_rcDrawSrc;
     CRgn m_rgnBitmap;
-    CPoint m_ptMouse;
+    CPoint m_ptMouse{0, 0};
     BOOL m_bShowScrollBar = TRUE;
     BOOL m_bShowSelection = TRUE;
     CRgn m_rgnSelect;
@@ -344,6 +357,8 @@ protected:
     BOOL m_bDblClk = FALSE;
 
 private:
+    CCriticalSection* m_pcsCover = nullptr; ///< The loaded tool's.
+    bool m_bCoverKept = false;
     bool m_bChangingTool = false; ///< A tool's OnLoad or OnUnload is running.
     CRgn m_rgnOutline;            ///< The border mask's outline, unless it is too ragged to be filled run by run.
     UINT m_uToolLoads = 0;        ///< Tells a tool that was loaded anew from the one before, the same object or not.

@@ -1,9 +1,9 @@
 #include "view/DibSize.h"
+#include "view/OutOfMemory.h"
 #include "view/Pixtane.h"
 
 #include <cstring>
 #include <memory>
-#include <new>
 
 namespace Pixtane
 {
@@ -21,6 +21,7 @@ bool CPixtane::IsAcceptable(const BITMAPINFO& info, const BYTE* pData) const
 }
 
 int CPixtane::SetBitmap(BITMAPINFO& info, BYTE* const pData)
+try
 {
     if (!IsAcceptable(info, pData))
         return FALSE;
@@ -32,24 +33,23 @@ int CPixtane::SetBitmap(BITMAPINFO& info, BYTE* const pData)
     m_iBmpHeight = info.bmiHeader.biHeight;
     std::memcpy(&m_BmpInfo, &info, sizeof(BITMAPINFO));
     m_pBmpData = pData;
-    try
+    m_pGdipBitmap = new Gdiplus::Bitmap(&info, pData);
+    if (!m_bNoSelectMask)
     {
-        m_pGdipBitmap = new Gdiplus::Bitmap(&info, pData);
-        if (!m_bNoSelectMask)
-        {
-            m_iSelectMaskSize = m_iBmpWidth * m_iBmpHeight;
-            m_vSelectMask.resize(m_iSelectMaskSize);
-            m_vSelectMask_Cur.resize(m_iSelectMaskSize);
-        }
-    }
-    catch (const std::bad_alloc&)
-    {
-        ClearBitmap(TRUE);
-        return FALSE;
+        m_iSelectMaskSize = m_iBmpWidth * m_iBmpHeight;
+        m_vSelectMask.resize(m_iSelectMaskSize);
+        m_vSelectMask_Cur.resize(m_iSelectMaskSize);
     }
     m_rgnBitmap.CreateRectRgn(0, 0, m_iBmpWidth, m_iBmpHeight);
     SetZoom(m_dbZoom);
     return TRUE;
+}
+catch (...)
+{
+    // The host, which heard of no success, may free its pixels.
+    ClearBitmap(TRUE);
+    RethrowUnlessOutOfMemory();
+    return FALSE;
 }
 
 int CPixtane::UpdateBitmap(BITMAPINFO& info, BYTE* const pData, int bContentChanged)

@@ -17,9 +17,7 @@ void CPixtane::FromWndToBitmap(POINT& pt)
 {
     if (!m_pBmpData)
         return;
-    const float fZoom = static_cast<float>(m_dbZoom);
-    pt.x = FloorLike(static_cast<float>(SaturatedSum(pt.x, m_ptDispPos.X)) / fZoom);
-    pt.y = FloorLike(static_cast<float>(SaturatedSum(pt.y, m_ptDispPos.Y)) / fZoom);
+    pt = BitmapPixelAt(pt, m_ptDispPos, m_dbZoom);
 }
 
 void CPixtane::FromWndToBitmap(Gdiplus::PointF& pt)

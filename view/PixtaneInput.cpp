@@ -1,3 +1,4 @@
+#include "platform/minmax.h"
 #include "view/EmbeddedTool.h"
 #include "view/MainWindow.h"
 #include "view/Notifications.h"
@@ -128,7 +129,7 @@ void CPixtane::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags)
 
 void CPixtane::ScrollByKey(UINT nChar)
 {
-    CRect rcView;
+    CRect rcView(0, 0, 0, 0);
     GetClientRect(&rcView);
     int x = m_ptDispPos.X;
     int y = m_ptDispPos.Y;
@@ -190,9 +191,9 @@ int CPixtane::PreTranslateMessage(MSG* pMsg)
 
 BOOL CPixtane::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message)
 {
-    CRect rcView;
+    CRect rcView(0, 0, 0, 0);
     GetClientRect(&rcView);
-    CPoint ptCursor;
+    CPoint ptCursor(0, 0);
     ::GetCursorPos(&ptCursor);
     ScreenToClient(&ptCursor);
     if (!rcView.PtInRect(ptCursor))
@@ -214,6 +215,22 @@ LRESULT CPixtane::NotifyParent(UINT code, int bPost)
     if (!::PostMessage(hParent, WM_NOTIFY, wParam, reinterpret_cast<LPARAM>(pRecord)))
         delete pRecord;
     return 0;
+}
+
+void CPixtane::DropPostedNotifications()
+{
+    std::vector<MSG> vOthers;
+    MSG msg;
+    while (::PeekMessage(&msg, ::GetParent(m_hWnd), WM_NOTIFY, WM_NOTIFY, PM_REMOVE))
+    {
+        const auto* pRecord = reinterpret_cast<const NMHDR*>(msg.lParam);
+        if (pRecord && pRecord->hwndFrom == m_hWnd)
+            delete pRecord;
+        else
+            vOthers.push_back(msg);
+    }
+    for (const MSG& other : vOthers)
+        ::PostMessage(other.hwnd, other.message, other.wParam, other.lParam);
 }
 
 } // namespace Pixtane

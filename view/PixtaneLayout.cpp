@@ -1,3 +1,4 @@
+#include "platform/minmax.h"
 #include "view/EmbeddedTool.h"
 #include "view/MainWindow.h"
 #include "view/Module.h"
@@ -85,7 +86,7 @@ void CPixtane::UpdateDisplay()
     if (IsMainWindowMinimised())
         return;
     UpdateUI();
-    CRect rcView;
+    CRect rcView(0, 0, 0, 0);
     GetClientRect(&rcView);
     const float fViewWidth = static_cast<float>(rcView.Width());
     const float fViewHeight = static_cast<float>(rcView.Height());
@@ -105,7 +106,7 @@ void CPixtane::UpdateUI()
         DecideScrollBars();
     else
         HideScrollBars();
-    CRect rcView;
+    CRect rcView(0, 0, 0, 0);
     GetClientRect(&rcView);
     if (m_bZooming)
         ZoomAboutCentre(rcView.Width(), rcView.Height());
@@ -129,7 +130,7 @@ void CPixtane::DecideScrollBars()
     bool bVertPending = true;
     while (bHorzPending || bVertPending)
     {
-        CRect rcView;
+        CRect rcView(0, 0, 0, 0);
         GetClientRect(&rcView);
         if (bHorzPending)
         {
@@ -157,7 +158,7 @@ bool CPixtane::DecideBar(CScrollBar& sb, BOOL& bShown, int iView, float fZoomed)
 
 void CPixtane::PlaceScrollBars()
 {
-    CRect rcWindow;
+    CRect rcWindow(0, 0, 0, 0);
     CUXWnd::GetClientRect(&rcWindow);
     const int cxVert = VerticalBarWidth();
     const int cyHorz = HorizontalBarHeight();

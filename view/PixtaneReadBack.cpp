@@ -1,6 +1,5 @@
+#include "view/OutOfMemory.h"
 #include "view/Pixtane.h"
-
-#include <new>
 
 namespace Pixtane
 {
@@ -20,8 +19,9 @@ BOOL ReadBits(CBitmap& bmp, std::vector<BYTE>& vData, BITMAP& bm)
     {
         vData.resize(nBytes);
     }
-    catch (const std::bad_alloc&)
+    catch (...)
     {
+        RethrowUnlessOutOfMemory();
         return FALSE;
     }
     return bmp.GetBitmapBits(nBytes, vData.data()) == nBytes;
@@ -34,7 +34,7 @@ try
 {
     if (!pRect || !m_pBmpData || !m_hWnd)
         return FALSE;
-    CRect rcView;
+    CRect rcView(0, 0, 0, 0);
     GetClientRect(&rcView);
     CClientDC dcWindow(this);
     CUXMemDC dcView(dcWindow, rcView.Width(), rcView.Height());
@@ -43,7 +43,7 @@ try
     dcView.FillRect(&rcView, &brBackground);
     m_bCacheDirty = TRUE;
     const BOOL bDrawn = DrawBitmap(dcView, rcView);
-    CRect rcShown;
+    CRect rcShown(0, 0, 0, 0);
     rcShown.IntersectRect(m_rcDrawDest, rcView);
     if (!bDrawn || rcShown.IsRectEmpty())
         return FALSE;
@@ -76,7 +76,7 @@ DWORD CPixtane::GetPixelRGBValue(const POINT& pt, int bWindowCoords)
     CPoint ptWindow = pt;
     if (bWindowCoords)
     {
-        CRect rcView;
+        CRect rcView(0, 0, 0, 0);
         GetClientRect(&rcView);
         if (!rcView.PtInRect(pt))
             return m_crBackground;

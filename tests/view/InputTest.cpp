@@ -1,37 +1,20 @@
 #include "support/RecordingTool.h"
-#include "support/TestView.h"
-#include "support/User.h"
-
-#include <optional>
+#include "support/ToolTest.h"
+#include "view/Notifications.h"
 
 constexpr auto RIGHT = winlite::MouseButton::Right;
 
-class InputTest : public CViewTest
+class InputTest : public CToolTest<CRecordingTool>
 {
 protected:
+    InputTest() : CToolTest(1000, 800, strLog) {}
     void SetUp() override
     {
-        CViewTest::SetUp();
-        if (HasFatalFailure())
-            return;
-        tool.emplace(strLog);
-        Show(1000, 800);
-        ASSERT_TRUE(pView->LoadEmbeddedTool(*tool));
-        user.emplace(*pView);
+        CToolTest::SetUp();
         user->Click(CPoint(5, 5)); // takes the focus
         user->Wait(600);
         strLog.clear();
     }
-    void TearDown() override
-    {
-        pView->UnloadEmbeddedTool();
-        pHost->answer = nullptr;
-        user.reset();
-        CViewTest::TearDown();
-    }
-
-    std::optional<CRecordingTool> tool;
-    std::optional<CUser> user;
 };
 
 TEST_F(InputTest, ToolIsAskedFirstAndConsumingEndsTheRest)
@@ -44,28 +27,29 @@ TEST_F(InputTest, ToolIsAskedFirstAndConsumingEndsTheRest)
         const char* pszConsumed; ///< The call that the tool answers with nonzero.
         const char* pszLog;
     } vCases[] = {
-        {"press and release", click, "", "down(1:7,8) N2 up(0:7,8) N3 "},
-        {"press consumed", click, "down", "down(1:7,8) up(0:7,8) N3 "},
-        {"release consumed", click, "up", "down(1:7,8) N2 up(0:7,8) "},
-        {"move", [](CUser& u) { u.Move(CPoint(9, 10)); }, "", "move(0:9,10) N1 "},
+        {"press and release", click, "", "down(1:7,8) LBUTTONDOWN up(0:7,8) LBUTTONUP "},
+        {"press consumed", click, "down", "down(1:7,8) up(0:7,8) LBUTTONUP "},
+        {"release consumed", click, "up", "down(1:7,8) LBUTTONDOWN up(0:7,8) "},
+        {"move", [](CUser& u) { u.Move(CPoint(9, 10)); }, "", "move(0:9,10) MOUSEMOVE "},
         {"move consumed", [](CUser& u) { u.Move(CPoint(11, 10)); }, "move", "move(0:11,10) "},
         {"right button is never the tool's",
-         [](CUser& u) { u.Press(CPoint(7, 8), RIGHT), u.Release(CPoint(7, 8), RIGHT); }, "down", "N4 N5 "},
+         [](CUser& u) { u.Press(CPoint(7, 8), RIGHT), u.Release(CPoint(7, 8), RIGHT); }, "down",
+         "RBUTTONDOWN RBUTTONUP "},
         {"wheel of any size is one step", [](CUser& u) { u.Wheel(-3); }, "",
-         "wheel(-3) key(40s) N6 scrolled parent-wheel parent-wheel "},
+         "wheel(-3) key(40s) DISPLAYCHANGED scrolled parent-wheel parent-wheel "},
         {"wheel consumed", [](CUser& u) { u.Wheel(-120); }, "wheel", "wheel(-120) parent-wheel "},
         {"wheel's key consumed", [](CUser& u) { u.Wheel(120); }, "key",
          "wheel(120) key(38s) parent-wheel parent-wheel "},
         {"arrow", [](CUser& u) { u.Type(VK_RIGHT); }, "", "key(39) keyup(39) "},
         {"Ctrl and arrow", [](CUser& u) { u.KeyDown(VK_CONTROL), u.Type(VK_RIGHT), u.KeyUp(VK_CONTROL); }, "",
-         "key(17) key(39s) N6 scrolled keyup(39) keyup(17) "},
+         "key(17) key(39s) DISPLAYCHANGED scrolled keyup(39) keyup(17) "},
         {"Ctrl and wheel", [](CUser& u) { u.KeyDown(VK_CONTROL), u.Wheel(-120), u.KeyUp(VK_CONTROL); }, "",
-         "key(17) wheel(-120) key(39s) N6 scrolled parent-wheel parent-wheel keyup(17) "},
+         "key(17) wheel(-120) key(39s) DISPLAYCHANGED scrolled parent-wheel parent-wheel keyup(17) "},
         {"Alt alone", [](CUser& u) { u.Type(VK_MENU); }, "", "syskey(18) syskeyup(18) "},
         {"Alt with another key", [](CUser& u) { u.KeyDown(VK_MENU), u.Type('A'), u.KeyUp(VK_MENU); }, "",
          "syskey(18) syskey(65) syskeyup(65) keyup(18) "},
         {"Alt with a click", [](CUser& u) { u.KeyDown(VK_MENU), u.Click(CPoint(7, 8)), u.KeyUp(VK_MENU); }, "",
-         "syskey(18) down(1:7,8) N2 up(0:7,8) N3 syskeyup(18) "},
+         "syskey(18) down(1:7,8) LBUTTONDOWN up(0:7,8) LBUTTONUP syskeyup(18) "},
         {"Alt and Ctrl", [](CUser& u) { u.KeyDown(VK_MENU), u.Type(VK_CONTROL), u.KeyUp(VK_MENU); }, "",
          "syskey(18) key(17) syskeyup(17) keyup(18) "},
     };
@@ -75,10 +59,10 @@ TEST_F(InputTest, ToolIsAskedFirstAndConsumingEndsTheRest)
         pView->SetDispPosition(100, 100);
         user->Wait(600);
         strLog.clear();
-        tool->results[c.pszConsumed] = 1;
+        tool.results[c.pszConsumed] = 1;
         c.act(*user);
         EXPECT_EQ(TakeLog(), c.pszLog);
-        tool->results.clear();
+        tool.results.clear();
     }
 }
 
@@ -86,19 +70,19 @@ TEST_F(InputTest, TheReleaseAfterADoubleClickIsSwallowed)
 {
     user->Click({50, 60});
     user->Click({51, 61});
-    EXPECT_EQ(TakeLog(), "down(1:50,60) N2 up(0:50,60) N3 double(1:51,61) ");
+    EXPECT_EQ(TakeLog(), "down(1:50,60) LBUTTONDOWN up(0:50,60) LBUTTONUP double(1:51,61) ");
     user->Click({51, 61});
-    EXPECT_EQ(TakeLog(), "down(1:51,61) N2 up(0:51,61) N3 ") << "a third click starts over";
+    EXPECT_EQ(TakeLog(), "down(1:51,61) LBUTTONDOWN up(0:51,61) LBUTTONUP ") << "a third click starts over";
     user->Click({53, 61});
-    EXPECT_EQ(TakeLog(), "down(1:53,61) N2 up(0:53,61) N3 ") << "too far away";
+    EXPECT_EQ(TakeLog(), "down(1:53,61) LBUTTONDOWN up(0:53,61) LBUTTONUP ") << "too far away";
     user->Wait(510);
     strLog.clear();
     user->Click({53, 61});
-    EXPECT_EQ(TakeLog(), "down(1:53,61) N2 up(0:53,61) N3 ") << "too late";
+    EXPECT_EQ(TakeLog(), "down(1:53,61) LBUTTONDOWN up(0:53,61) LBUTTONUP ") << "too late";
     user->Press({53, 61});
     user->Release({53, 61}, RIGHT);
     user->Release({53, 61});
-    EXPECT_EQ(TakeLog(), "double(1:53,61) up(0:53,61) N3 ") << "whichever release comes next is swallowed";
+    EXPECT_EQ(TakeLog(), "double(1:53,61) up(0:53,61) LBUTTONUP ") << "whichever release comes next is swallowed";
 }
 
 TEST_F(InputTest, KeysScrollByATenthOfTheView)
@@ -164,13 +148,13 @@ TEST_F(InputTest, TheParentFindsThePointOfTheVeryEvent)
     std::vector<CPoint> vPoints;
     pHost->answer = [&](UINT uCode)
     {
-        if (uCode == 1 || uCode == 2)
+        if (uCode == Pixtane::PVN_MOUSEMOVE || uCode == Pixtane::PVN_LBUTTONDOWN)
             vPoints.push_back(pView->GetCursorPos(TRUE));
         return 0;
     };
     user->Move({20, 40});
     user->Press({30, 50});
-    tool->results["move"] = 1;
+    tool.results["move"] = 1;
     user->Move({70, 80});
     EXPECT_EQ(pView->GetCursorPos(FALSE), CPoint(30, 50)) << "a consumed move is not the view's";
     EXPECT_EQ(vPoints, (std::vector{CPoint(60, 50), CPoint(65, 55)}));
@@ -202,7 +186,7 @@ TEST_F(InputTest, CursorsOverImageToolAndBars)
     EXPECT_EQ(::GetCursor(), ::LoadCursor(nullptr, IDC_ARROW));
     user->Move({290, 190}); // the corner
     EXPECT_EQ(::GetCursor(), ::LoadCursor(nullptr, IDC_ARROW));
-    tool->results["cursor"] = 1;
+    tool.results["cursor"] = 1;
     ::SetCursor(nullptr);
     user->Move({50, 50});
     EXPECT_EQ(::GetCursor(), nullptr) << "the tool has set it";
@@ -216,12 +200,13 @@ TEST_F(InputTest, ThousandsOfMovesBetweenTwoPaintsBecomeOne)
     winlite::QueuePointerMove(pHost->m_hWnd, {10 - 500, 20 + 3});
     winlite::QueueButton(pHost->m_hWnd, winlite::MouseButton::Left, false, {10 - 500, 20 + 3});
     user->Settle();
-    EXPECT_EQ(TakeLog(), "move(0:199,30) N1 down(1:7,8) N2 ") << "what leaves the window without capture is nobody's";
+    EXPECT_EQ(TakeLog(), "move(0:199,30) MOUSEMOVE down(1:7,8) LBUTTONDOWN ")
+        << "what leaves the window without capture is nobody's";
 }
 
 TEST_F(InputTest, CapturedMiceReportNegativePointsAndLosingIsTold)
 {
-    tool->inside = [&](const std::string& strCall)
+    tool.inside = [&](const std::string& strCall)
     {
         if (strCall == "down")
             pView->SetCapture();
@@ -231,7 +216,7 @@ TEST_F(InputTest, CapturedMiceReportNegativePointsAndLosingIsTold)
     winlite::QueueCaptureLost();
     user->Settle();
     user->Release({-30, 900});
-    EXPECT_EQ(TakeLog(), "down(1:7,8) N2 move(1:-30,900) N1 capture(none) ");
+    EXPECT_EQ(TakeLog(), "down(1:7,8) LBUTTONDOWN move(1:-30,900) MOUSEMOVE capture(none) ");
     user->Wait(600);
     user->Press({7, 8});
     CTestView other;
@@ -278,38 +263,9 @@ TEST_F(InputTest, WildMessagesAreSafe)
     Screen();
 }
 
-TEST_F(InputTest, AnyNotificationMayDestroyOrEmptyTheView)
-{
-    const std::function<void(CUser&)> vActs[] = {
-        [](CUser& u) { u.Click(CPoint(7, 8)); }, [](CUser& u) { u.Move(CPoint(40, 41)); },
-        [](CUser& u) { u.Wheel(-120); }, [](CUser& u) { u.Press(CPoint(7, 8), RIGHT); }};
-    for (const bool bDestroy : {false, true})
-    {
-        for (const auto& act : vActs)
-        {
-            Open(300, 200);
-            Show(1000, 800);
-            ASSERT_TRUE(pView->LoadEmbeddedTool(*tool));
-            CUser other(*pView);
-            pView->SetFocus();
-            pHost->answer = [&](UINT)
-            {
-                bDestroy ? static_cast<void>(pView->DestroyWindow()) : pView->ClearBitmap(TRUE);
-                return -1;
-            };
-            act(other);
-            EXPECT_EQ(pView->pBmpData() == nullptr, !bDestroy);
-            EXPECT_EQ(pView->m_hWnd == nullptr, bDestroy);
-            pHost->answer = nullptr;
-            pView->UnloadEmbeddedTool();
-        }
-    }
-    Open(300, 200);
-}
-
 TEST_F(InputTest, PostedRecordsBelongToTheirReceiver)
 {
-    EXPECT_EQ(pView->NotifyParent(0x133, TRUE), 0);
+    EXPECT_EQ(pView->NotifyParent(Pixtane::PVN_CLONESTAMP_NOSOURCE, TRUE), 0);
     EXPECT_EQ(TakeLog(), "") << "it arrives later";
     NMHDR* pRecord = nullptr;
     MSG msg;
@@ -318,7 +274,8 @@ TEST_F(InputTest, PostedRecordsBelongToTheirReceiver)
     EXPECT_EQ(pRecord->code, 0x133u);
     EXPECT_EQ(pRecord->idFrom, VIEW_ID);
     delete pRecord;
-    pView->NotifyParent(0x133, TRUE); // its parent goes before it arrives: the leak check would tell
-    pHost->answer = [](UINT uCode) { return uCode == 6 ? LRESULT{42} : LRESULT{0}; };
+    pView->NotifyParent(Pixtane::PVN_CLONESTAMP_NOSOURCE,
+                        TRUE); // its parent goes before it arrives: the leak check would tell
+    pHost->answer = [](UINT uCode) { return uCode == Pixtane::PVN_DISPLAYCHANGED ? LRESULT{42} : LRESULT{0}; };
     EXPECT_EQ(pView->NotifyParent(6, FALSE), 42);
 }

@@ -1,4 +1,4 @@
-#include "hostlibs/Quillog.h"
+#include "support/LogRecorder.h"
 #include "support/RecordingTool.h"
 #include "support/TestView.h"
 #include "view/ToolSettings.h"
@@ -35,17 +35,17 @@ TEST_F(ToolTest, PaintsZoomsAndScrollsReachTheTool)
     Screen();
     strLog.clear();
     pView->SetBitmap(bitmap.info, bitmap.vBits.data());
-    EXPECT_EQ(TakeLog(), "pre post N6 zoomed ");
+    EXPECT_EQ(TakeLog(), "pre post DISPLAYCHANGED zoomed ");
     pView->SetZoom(4);
-    EXPECT_EQ(TakeLog(), "pre post N6 zoomed ");
+    EXPECT_EQ(TakeLog(), "pre post DISPLAYCHANGED zoomed ");
     pView->SetDispPosition(3, 4);
-    EXPECT_EQ(TakeLog(), "pre post N6 scrolled ");
+    EXPECT_EQ(TakeLog(), "pre post DISPLAYCHANGED scrolled ");
     pView->SetDispPosition(3, 4);
     EXPECT_EQ(TakeLog(), "pre post ") << "not moved: no layout, nobody told";
     pView->LockRedraw();
     pView->UnlockRedraw();
     pView->UnlockRedraw();
-    EXPECT_EQ(TakeLog(), "pre post N6 ");
+    EXPECT_EQ(TakeLog(), "pre post DISPLAYCHANGED ");
     pView->UnloadEmbeddedTool();
 }
 
@@ -114,8 +114,7 @@ TEST_F(ToolTest, TheBaseTakesAnythingLongEnoughThatIsNotNewer)
 
 TEST_F(ToolTest, SettingsOfEveryLengthAndVersion)
 {
-    std::vector<QLRecord> vRecords;
-    const QLSink before = QLSetSink([&](const QLRecord& record) { vRecords.push_back(record); });
+    CLogRecorder records;
     static constexpr Pixtane::ToolSettingsLayout LAYOUTS[] = {{1, 1}, {3, 2}};
     for (BYTE uVersion = 0; uVersion < 6; ++uVersion)
     {
@@ -124,24 +123,21 @@ TEST_F(ToolTest, SettingsOfEveryLengthAndVersion)
             std::vector<BYTE> vData(nBytes, 0x80);
             if (nBytes)
                 vData[0] = uVersion;
-            vRecords.clear();
+            records.vRecords.clear();
             const auto blob = Pixtane::ReadToolSettings(vData, 3, LAYOUTS, L"Some::Operation");
             const bool bAcceptable = nBytes > 4 && uVersion <= 3;
             const std::size_t nWanted = uVersion == 1 ? 8 : uVersion == 3 ? 12 : nBytes;
             ASSERT_EQ(blob.has_value(), bAcceptable && nBytes == nWanted) << int{uVersion} << ", " << nBytes;
             if (blob)
                 continue;
-            ASSERT_EQ(vRecords.size(), 1u);
-            CString strExpected(L"Invalid parameter data size or version.");
-            if (bAcceptable)
-                strExpected.Format(L"Invalid parameter data size for version %d.", uVersion);
-            EXPECT_EQ(vRecords[0].strText, strExpected);
-            EXPECT_EQ(vRecords[0].strModule, L"Pixtane");
-            EXPECT_EQ(vRecords[0].strFunction, L"Some::Operation");
-            EXPECT_EQ(vRecords[0].level, QL_ERROR);
+            ASSERT_EQ(records.vRecords.size(), 1u);
+            EXPECT_TRUE(records.vRecords[0].strModule == L"Pixtane" &&
+                        records.vRecords[0].strFunction == L"Some::Operation");
+            EXPECT_EQ(records.Take(),
+                      bAcceptable ? "1 Invalid parameter data size for version " + std::to_string(uVersion) + ".|"
+                                  : "1 Invalid parameter data size or version.|");
         }
     }
-    QLSetSink(before);
     std::vector<BYTE> vData(50, 7);
     Pixtane::WriteToolSettings(vData, 3, {0x01020304, 0xFFFFFFFF});
     EXPECT_EQ(vData, (std::vector<BYTE>{3, 0, 0, 0, 4, 3, 2, 1, 255, 255, 255, 255}));
