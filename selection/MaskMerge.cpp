@@ -1,5 +1,7 @@
 #include "selection/MaskMerge.h"
 
+#include "platform/minmax.h"
+
 #include <algorithm>
 #include <cstring>
 

@@ -1,5 +1,6 @@
 #include "selection/Outline.h"
 
+#include "platform/minmax.h"
 #include "selection/MaskRuns.h"
 
 #include <algorithm>

@@ -1,5 +1,7 @@
 #include "selection/RegionRects.h"
 
+#include "platform/minmax.h"
+
 #include <limits>
 #include <new>
 

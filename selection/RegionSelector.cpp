@@ -1,5 +1,6 @@
 #include "selection/RegionSelector.h"
 
+#include "view/CursorIds.h"
 #include "view/Module.h"
 #include "view/Rounding.h"
 #include "view/ToolSettings.h"
@@ -16,11 +17,8 @@ namespace
 
 constexpr UINT VERSION = 3;
 
-constexpr UINT CURSOR_CLOSES_POLYGON = 3023;
-constexpr UINT CURSOR_MOVES_SELECTION = 3030;
-
 // The replace rule's cursor of each shape; intersect, subtract and add follow it.
-constexpr UINT SHAPE_CURSORS[] = {0, 3011, 3019, 3024, 3007, 3015};
+constexpr UINT SHAPE_CURSORS[] = {0, CURSOR_LASSO, CURSOR_POLYGON, CURSOR_RECTANGLE, CURSOR_ELLIPSE, CURSOR_WAND};
 constexpr UINT RULE_OFFSETS[] = {0, 0, 3, 2, 1};
 
 UINT ShapeCursor(RegionSelector::emSelectMode eShape, RegionSelector::emOverlapMode eRule)
@@ -126,11 +124,9 @@ int RegionSelector::OnSetCursor(CWnd*, UINT, UINT)
 {
     if (!IsHosted())
         return FALSE;
-    const CPoint ptCursor = CursorInView();
-    CRect rcView;
-    pView->GetClientRect(&rcView);
-    if (!bSelecting && !rcView.PtInRect(ptCursor))
+    if (!bSelecting && !IsCursorOverView())
         return FALSE;
+    const CPoint ptCursor = CursorInView();
     if (GetSelectingOverlapMode() == OM_NEW && IsInSelection(ToBitmap(ptCursor)))
         return ShowOwnCursor(CURSOR_MOVES_SELECTION);
     const bool bCloses = GetSelectingMode() == SM_POLYGON && bSelecting && arrPoints.GetSize() >= 2 &&

@@ -67,7 +67,7 @@ public:
     // ---- selections by colour, all and inverse
 
     /// Selects the pixels that match a colour within a tolerance: of the selection, whose weights they are multiplied
-    /// with, or of the whole bitmap without one. The parent is not told.
+    /// with, or of the whole bitmap without one or with an empty one. The parent is not told.
     void SelectColorRange(COLORREF crColor, int iColorTolerance);
 
     /// Selects the whole bitmap. The parent is not told.
@@ -156,7 +156,7 @@ private:
     bool MergeColorRange(const std::vector<BYTE>& vShape);
     bool HasFeatheredShape() const;
     bool RasteriseShape(const CRgn& rgnShape);
-    void MergeShape(const CRgn& rgnShape);
+    void MergeShape(CRgn& rgnShape);
     void NotifyApplied(bool bWasEmpty);
 
     void ForgetMove();
@@ -180,8 +180,8 @@ protected:
     int iTolerance = 50;
     BOOL bSelecting = FALSE; ///< A shape is being drawn and the mouse is captured.
     double dbCloseDistance = 10.0;
-    CPoint ptDown; ///< Window point of the last press.
-    CPoint ptMoveStart;
+    CPoint ptDown{0, 0}; ///< Window point of the last press.
+    CPoint ptMoveStart{0, 0};
     BOOL bMovingSelection = FALSE;
     CRgn rgnMoveOrig;
     CRgn rgnMoveOrigScaled;

@@ -1,4 +1,6 @@
+#include "platform/minmax.h"
 #include "selection/MaskMerge.h"
+#include "selection/RegionBox.h"
 #include "selection/RegionSelector.h"
 #include "view/Log.h"
 #include "view/Notifications.h"
@@ -22,14 +24,6 @@ constexpr int RULE_MODES[] = {0, RGN_COPY, RGN_OR, RGN_DIFF, RGN_AND};
 bool IsRule(RegionSelector::emOverlapMode eRule)
 {
     return eRule >= RegionSelector::OM_NEW && eRule <= RegionSelector::OM_INTERSECT;
-}
-
-/// Whether a region has no handle, or one to nothing.
-bool IsEmpty(const CRgn& rgn)
-{
-    CRect rcBox;
-    rgn.GetRgnBox(&rcBox);
-    return !rgn.GetSafeHandle() || (rcBox.Width() == 0 && rcBox.Height() == 0);
 }
 
 /// Right and lower parts of an outline one pixel outwards: vertices are pixels, and those have an extent.
@@ -134,7 +128,7 @@ CRect RegionSelector::ShapeBox() const
 void RegionSelector::TakePolygon(CRgn& rgnShape)
 {
     const std::span vPoints(arrPoints.GetData(), static_cast<std::size_t>(arrPoints.GetSize()));
-    const std::vector<POINT> vOutline = Widened(vPoints);
+    std::vector<POINT> vOutline = Widened(vPoints);
     arrPoints.RemoveAll();
     rgnShape.CreatePolygonRgn(vOutline.data(), static_cast<int>(vOutline.size()), ALTERNATE);
 }
@@ -161,7 +155,7 @@ bool RegionSelector::HasFeatheredShape() const
     return false;
 }
 
-void RegionSelector::MergeShape(const CRgn& rgnShape)
+void RegionSelector::MergeShape(CRgn& rgnShape)
 {
     CRgn& rgnSelect = pView->rgnSelect();
     bool bLeft;

@@ -4,9 +4,9 @@
 #include "selection/WandFill.h"
 #include "view/Log.h"
 #include "view/Notifications.h"
+#include "view/OutOfMemory.h"
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 namespace Pixtane::EmbeddedTool
@@ -30,8 +30,9 @@ try
         *pBounds = rcFilled;
     return 1;
 }
-catch (const std::bad_alloc&)
+catch (...)
 {
+    RethrowUnlessOutOfMemory();
     QLWriteLog(QL_ERROR, MODULE_NAME, L"RegionSelector::CreateMagicWandMask", L"Not enough memory.");
     return 0;
 }
@@ -61,7 +62,7 @@ try
     const auto fail = [](const wchar_t* pszText) { QLWriteLog(QL_ERROR, MODULE_NAME, FUNCTION, pszText); };
     if (!pView->pBmpData())
         return fail(L"Failed to create region.");
-    CRect rcArea = BoxOf(HasSelection() ? pView->rgnSelect() : pView->rgnBitmap());
+    CRect rcArea = BoxOf(IsEmpty(pView->rgnSelect()) ? pView->rgnBitmap() : pView->rgnSelect());
     BITMAPINFO info = pView->BmpInfo();
     std::vector<BYTE> vOwn;
     std::vector<BYTE>& vShape = pView->iSelectMaskSize() ? pView->vSelectMask_Cur() : vOwn;
@@ -75,15 +76,16 @@ try
     pView->UpdateSelectBorderMaskDC();
     RefreshView(false);
 }
-catch (const std::bad_alloc&)
+catch (...)
 {
+    RethrowUnlessOutOfMemory();
     QLWriteLog(QL_ERROR, MODULE_NAME, L"CPixtane::SelectColorRange", L"Not enough memory.");
 }
 
 bool RegionSelector::MergeColorRange(const std::vector<BYTE>& vShape)
 {
-    const bool bSelection = HasSelection();
     CRgn& rgnSelect = pView->rgnSelect();
+    const bool bSelection = !IsEmpty(rgnSelect);
     const int cx = pView->iBmpWidth();
     const int cy = pView->iBmpHeight();
     if (pView->iSelectMaskSize())

@@ -1,3 +1,4 @@
+#include "platform/minmax.h"
 #include "selection/RegionSelector.h"
 #include "view/EdgeScroll.h"
 #include "view/Notifications.h"
@@ -244,7 +245,7 @@ int RegionSelector::OnKeyDown(UINT nChar, UINT, UINT nFlags)
     if ((nFlags & SCROLL_FLAG) || bMovingSelection)
         return FALSE;
     const int iStep = std::max(CeilingLike(1 / static_cast<float>(pView->dbZoom())), 1);
-    CPoint ptOffset;
+    CPoint ptOffset(0, 0);
     switch (nChar)
     {
     case VK_LEFT:

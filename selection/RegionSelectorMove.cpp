@@ -10,11 +10,20 @@ namespace
 {
 
 /// Makes rgnCopy a copy; an empty region for a source without a handle.
-void CopyInto(CRgn& rgnCopy, const CRgn& rgnSource)
+void CopyInto(CRgn& rgnCopy, CRgn& rgnSource)
 {
     rgnCopy.DeleteObject();
     rgnCopy.CreateRectRgn(0, 0, 0, 0);
     rgnCopy.CopyRgn(&rgnSource);
+}
+
+/// Makes a region a copy that is shifted; one without a handle, which takes no operation, stays so.
+void MakeShifted(CRgn& rgn, CRgn& rgnSource, int dx, int dy)
+{
+    if (!rgn.GetSafeHandle())
+        return;
+    rgn.CopyRgn(&rgnSource);
+    rgn.OffsetRgn(dx, dy);
 }
 
 int Zoomed(LONG iDistance, float fZoom) { return RoundHalfAway(static_cast<float>(iDistance) * fZoom); }
@@ -38,12 +47,8 @@ int RegionSelector::MovingSelectionRegion(CPoint ptBmp, int bRedraw)
         return 1;
     const CPoint ptOffset = ptBmp - ptMoveStart;
     const float fZoom = static_cast<float>(pView->dbZoom());
-    CRgn& rgnScaled = pView->rgnSelectScaled();
-    rgnScaled.CopyRgn(&rgnMoveOrigScaled);
-    rgnScaled.OffsetRgn(Zoomed(ptOffset.x, fZoom), Zoomed(ptOffset.y, fZoom));
-    CRgn& rgnSelect = pView->rgnSelect();
-    rgnSelect.CopyRgn(&rgnMoveOrig);
-    rgnSelect.OffsetRgn(ptOffset.x, ptOffset.y);
+    MakeShifted(pView->rgnSelectScaled(), rgnMoveOrigScaled, Zoomed(ptOffset.x, fZoom), Zoomed(ptOffset.y, fZoom));
+    MakeShifted(pView->rgnSelect(), rgnMoveOrig, ptOffset.x, ptOffset.y);
     if (bRedraw)
     {
         pView->UpdateSelectBorderMaskDC();
@@ -58,7 +63,7 @@ int RegionSelector::EndMovingSelection(CPoint ptBmp)
         return 0;
     CPixtane& view = *pView;
     const CPoint ptOffset = ptBmp - ptMoveStart;
-    const bool bStayed = view.rgnSelect().EqualRgn(&rgnMoveOrig);
+    const bool bStayed = HasSelection() && view.rgnSelect().EqualRgn(&rgnMoveOrig);
     if (bStayed && ptOffset != CPoint(0, 0))
         PutBack();
     // The move is over before anybody hears of it: what a host does then may end it a second time.
@@ -77,8 +82,8 @@ int RegionSelector::EndMovingSelection(CPoint ptBmp)
 
 void RegionSelector::PutBack()
 {
-    pView->rgnSelect().CopyRgn(&rgnMoveOrig);
-    pView->rgnSelectScaled().CopyRgn(&rgnMoveOrigScaled);
+    MakeShifted(pView->rgnSelect(), rgnMoveOrig, 0, 0);
+    MakeShifted(pView->rgnSelectScaled(), rgnMoveOrigScaled, 0, 0);
 }
 
 void RegionSelector::CommitMove(CPoint ptOffset)

@@ -1,9 +1,8 @@
 #include "selection/ScaleRgn.h"
 
 #include "selection/RegionRects.h"
+#include "view/OutOfMemory.h"
 #include "view/Rounding.h"
-
-#include <new>
 
 namespace Pixtane
 {
@@ -63,7 +62,7 @@ try
     if (!rgnSrc.GetSafeHandle() || !(sx > 0) || !(sy > 0))
         return 0;
     rgnDst.DeleteObject();
-    CRect rcBox;
+    CRect rcBox(0, 0, 0, 0);
     rgnSrc.GetRgnBox(&rcBox);
     auto rects = CRegionRects::Read(rgnSrc);
     if (!rects)
@@ -71,8 +70,9 @@ try
     ScaleRects(*rects, rcBox, sx, sy, iRoundMode);
     return rects->CreateRegion(rgnDst);
 }
-catch (const std::bad_alloc&)
+catch (...)
 {
+    RethrowUnlessOutOfMemory();
     return 0;
 }
 

@@ -22,7 +22,7 @@ int CPixtane::UpdateSelection(const CRgn& rgn, const std::vector<BYTE>& vMask)
         }
         if (!m_rgnSelect.GetSafeHandle())
             m_rgnSelect.CreateRectRgn(0, 0, 0, 0);
-        m_rgnSelect.CopyRgn(&rgn);
+        ::CombineRgn(m_rgnSelect, rgn, nullptr, RGN_COPY); // CopyRgn takes no const region.
         if (m_iSelectMaskSize)
             m_vSelectMask = vMask;
     }
@@ -56,7 +56,7 @@ void CPixtane::FeatherSelection(int iRadius)
     constexpr const wchar_t* FUNCTION = L"CPixtane::FeatherSelection";
     if (!m_rgnSelect.GetSafeHandle() || !m_iSelectMaskSize)
         return;
-    CRect rcBox;
+    CRect rcBox(0, 0, 0, 0);
     m_rgnSelect.GetRgnBox(&rcBox);
     if (!Vorpix::FeatherRegion(m_vSelectMask, rcBox, iRadius, m_iBmpWidth, m_iBmpHeight, nullptr, true))
     {
@@ -79,14 +79,14 @@ int CPixtane::GetSelectRegion(CRgn& rgn) const
     if (!m_pBmpData)
         return 0;
     rgn.DeleteObject();
-    CRect rcBox;
+    CRect rcBox(0, 0, 0, 0);
     if (!m_rgnSelect.GetSafeHandle())
         return 0;
     m_rgnSelect.GetRgnBox(&rcBox);
     if (rcBox.IsRectNull())
         return 0;
     rgn.CreateRectRgn(0, 0, 0, 0);
-    return rgn.CopyRgn(&m_rgnSelect) != ERROR;
+    return ::CombineRgn(rgn, m_rgnSelect, nullptr, RGN_COPY) != ERROR;
 }
 
 int CPixtane::GetSelectMask(std::vector<BYTE>& vMask) const

@@ -3,12 +3,12 @@
 #include "selection/RegionSelector.h"
 #include "selection/SelectionModifier.h"
 #include "view/MainWindow.h"
+#include "view/OutOfMemory.h"
 #include "view/Pixtane.h"
 #include "view/Rounding.h"
 
 #include <algorithm>
 #include <cwchar>
-#include <new>
 
 namespace Pixtane
 {
@@ -36,8 +36,9 @@ try
     outline.CreateRegion(rgnOutline);
     return vRuns.size();
 }
-catch (const std::bad_alloc&)
+catch (...)
 {
+    RethrowUnlessOutOfMemory();
     return 0;
 }
 
@@ -99,17 +100,19 @@ void CPixtane::UpdateSelectBorderMaskDC()
     if (!m_pBmpData || !m_bShowSelection)
         return;
     DeleteSelectBorderMask();
-    CRect rcClient;
+    CRect rcClient(0, 0, 0, 0);
     GetClientRect(&rcClient);
     if (!m_rgnSelect.GetSafeHandle() || !CreateSelectBorderMask(rcClient))
         return;
     CRgn rgnVisible, rgnOutline;
     const CRect rcBox = MakeVisibleSelection(rcClient, rgnVisible);
     const std::size_t nRuns = MakeOutline(rgnVisible, rcClient, rgnOutline);
-    EraseRunOnBorders(rgnOutline, rcClient, rcBox);
     CBrush brNoBorder(NO_BORDER);
     CBrush brBorder(BORDER);
     m_dcSelectBorderMask.FillRect(&rcClient, &brNoBorder);
+    if (!rgnOutline.GetSafeHandle())
+        return;
+    EraseRunOnBorders(rgnOutline, rcClient, rcBox);
     m_dcSelectBorderMask.FillRgn(&rgnOutline, &brBorder);
     if (nRuns <= MOST_FILLED_RUNS)
         m_rgnOutline.Attach(rgnOutline.Detach());
@@ -120,7 +123,7 @@ CRect CPixtane::MakeVisibleSelection(const CRect& rcClient, CRgn& rgnVisible)
     const CRect rcImage(0, 0, Truncate(m_szZoomed.Width), Truncate(m_szZoomed.Height));
     rgnVisible.CreateRectRgn(0, 0, 0, 0);
     rgnVisible.CopyRgn(&m_rgnSelectScaled);
-    CRect rcBox;
+    CRect rcBox(0, 0, 0, 0);
     rgnVisible.GetRgnBox(&rcBox);
     if (rcBox.left < 0 || rcBox.top < 0 || rcBox.right > rcImage.right || rcBox.bottom > rcImage.bottom)
     {
@@ -177,7 +180,7 @@ void CPixtane::DrawSelectBorder(CDC& dc, unsigned int uPhase)
 
 void CPixtane::DrawSelectBorderByMask(CDC& dc, unsigned int uPhase)
 {
-    CRect rcClient;
+    CRect rcClient(0, 0, 0, 0);
     GetClientRect(&rcClient);
     const int cx = rcClient.Width();
     const int cy = rcClient.Height();

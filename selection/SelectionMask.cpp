@@ -1,7 +1,9 @@
+#include "platform/minmax.h"
 #include "platform/vorpix.h"
 #include "selection/MaskRuns.h"
 #include "selection/RegionRects.h"
 #include "view/Log.h"
+#include "view/OutOfMemory.h"
 #include "view/Pixtane.h"
 
 #include <algorithm>
@@ -128,7 +130,7 @@ try
         QLWriteLog(QL_INFO, MODULE_NAME, FUNCTION, L"No select region.");
         return 1;
     }
-    CRect rcBox;
+    CRect rcBox(0, 0, 0, 0);
     rgn.GetRgnBox(&rcBox);
     if (rcBox.IsRectEmpty())
     {
@@ -147,8 +149,9 @@ try
                static_cast<int>(::GetTickCount() - dwStart));
     return 1;
 }
-catch (const std::bad_alloc&)
+catch (...)
 {
+    RethrowUnlessOutOfMemory();
     std::ranges::fill(vMask, BYTE{0});
     QLWriteLog(QL_ERROR, MODULE_NAME, L"CPixtane::CreateSelectMask", L"Not enough memory.");
     return 0;
@@ -169,8 +172,9 @@ try
         throw std::bad_alloc();
     return 1;
 }
-catch (const std::bad_alloc&)
+catch (...)
 {
+    RethrowUnlessOutOfMemory();
     QLWriteLog(QL_ERROR, MODULE_NAME, L"CPixtane::CreateRgnFromMask", L"Failed to call CreateFromData!");
     return 0;
 }

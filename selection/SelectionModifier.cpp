@@ -1,13 +1,14 @@
 #include "selection/SelectionModifier.h"
 
+#include "platform/minmax.h"
 #include "selection/RegionBox.h"
 #include "selection/ScaleRgn.h"
 #include "view/Notifications.h"
+#include "view/OutOfMemory.h"
 #include "view/Rounding.h"
 
 #include <algorithm>
 #include <cwchar>
-#include <new>
 
 namespace Pixtane::EmbeddedTool
 {
@@ -60,7 +61,11 @@ void MoveInside(LONG& iLow, LONG& iHigh, LONG iLimit)
 
 } // namespace
 
-SelectionModifier::SelectionModifier() { std::wcscpy(szToolName, L"selection_modifier"); }
+SelectionModifier::SelectionModifier()
+{
+    std::wcscpy(szToolName, L"selection_modifier");
+    UpdateAdjustData(); // The handles of no frame.
+}
 SelectionModifier::~SelectionModifier() = default;
 
 // ---- the snapshot
@@ -79,9 +84,10 @@ try
         view.Invalidate(FALSE);
     return TRUE;
 }
-catch (const std::bad_alloc&)
+catch (...)
 {
     Forget();
+    RethrowUnlessOutOfMemory();
     return FALSE;
 }
 
@@ -241,7 +247,9 @@ void SelectionModifier::PlaceSelection(const CRect& rc)
     if (vNewMask.empty()) // A view without masks keeps the region alone.
     {
         ScaleSelection(rc.left, rc.top, rc.Width(), rc.Height());
-        pView->rgnSelect().CombineRgn(&pView->rgnSelect(), &pView->rgnBitmap(), RGN_AND);
+        CRgn& rgnSelect = pView->rgnSelect();
+        if (rgnSelect.GetSafeHandle())
+            rgnSelect.CombineRgn(&rgnSelect, &pView->rgnBitmap(), RGN_AND);
     }
     else
     {

@@ -105,14 +105,14 @@ private:
     CRect DraggedRect();
 
 protected:
-    CRgn rgnOrigin;    ///< The selection at load.
-    CRect rcOrigin;    ///< Its box.
-    CRect rcImage;     ///< The rectangle, bitmap coordinates.
-    CRect rcDisplay;   ///< The frame, window coordinates.
-    CRect rcHandle[8]; ///< Left top, left bottom, right top, right bottom, left, top, right, bottom.
+    CRgn rgnOrigin;              ///< The selection at load.
+    CRect rcOrigin{0, 0, 0, 0};  ///< Its box.
+    CRect rcImage{0, 0, 0, 0};   ///< The rectangle, bitmap coordinates.
+    CRect rcDisplay{0, 0, 0, 0}; ///< The frame, window coordinates.
+    CRect rcHandle[8];           ///< Left top, left bottom, right top, right bottom, left, top, right, bottom.
     CRect rcHandleHit[8];
     CPoint ptDragStart = POINT_UNSET;
-    CRect rcDragStart; ///< The frame at the press.
+    CRect rcDragStart{0, 0, 0, 0}; ///< The frame at the press.
     BOOL bDragging = FALSE;
     int iDragMode = 0; ///< 0 moves; 1 to 8 drag the handles left top, right top, right bottom, left bottom, then the
                        ///< sides left, top, right, bottom.

@@ -1,5 +1,7 @@
+#include "platform/minmax.h"
 #include "selection/RegionBox.h"
 #include "selection/SelectionModifier.h"
+#include "view/CursorIds.h"
 #include "view/EdgeScroll.h"
 #include "view/Module.h"
 #include "view/Notifications.h"
@@ -44,15 +46,15 @@ constexpr DragMode HANDLE_MODES[] = {
     {RIGHT, false, false, true, false, PVN_SELMOD_RIGHT},      {BOTTOM, false, false, false, true, PVN_SELMOD_BOTTOM},
 };
 
-constexpr UINT CURSOR_MOVE = 3030;
 struct HandleCursor
 {
     emHandle eHandle;
     UINT uId;
 };
 constexpr HandleCursor HANDLE_CURSORS[] = {
-    {LEFT_TOP, 3036}, {RIGHT_BOTTOM, 3036}, {RIGHT_TOP, 3037}, {LEFT_BOTTOM, 3037},
-    {LEFT, 3034},     {RIGHT, 3034},        {TOP, 3035},       {BOTTOM, 3035},
+    {LEFT_TOP, CURSOR_SIZE_FALLING},   {RIGHT_BOTTOM, CURSOR_SIZE_FALLING}, {RIGHT_TOP, CURSOR_SIZE_RISING},
+    {LEFT_BOTTOM, CURSOR_SIZE_RISING}, {LEFT, CURSOR_SIZE_HORIZONTAL},      {RIGHT, CURSOR_SIZE_HORIZONTAL},
+    {TOP, CURSOR_SIZE_VERTICAL},       {BOTTOM, CURSOR_SIZE_VERTICAL},
 };
 
 CRect Around(int x, int y, int iReach) { return {x - iReach, y - iReach, x + iReach, y + iReach}; }
@@ -189,7 +191,7 @@ int SelectionModifier::OnSetCursor(CWnd*, UINT, UINT)
     const CPoint ptCursor = CursorInView();
     const auto it = std::ranges::find_if(HANDLE_CURSORS, [&](const HandleCursor& cursor)
                                          { return rcHandleHit[cursor.eHandle].PtInRect(ptCursor); });
-    ShowOwnCursor(it == std::end(HANDLE_CURSORS) ? CURSOR_MOVE : it->uId);
+    ShowOwnCursor(it == std::end(HANDLE_CURSORS) ? CURSOR_MOVES_SELECTION : it->uId);
     return TRUE;
 }
 

@@ -1,5 +1,6 @@
 #include "selection/WandFill.h"
 
+#include "platform/minmax.h"
 #include "selection/WandRow.h"
 
 #include <algorithm>

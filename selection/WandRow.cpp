@@ -6,6 +6,8 @@
 
 #include "selection/WandRow.h"
 
+#include "platform/minmax.h"
+
 HWY_BEFORE_NAMESPACE();
 namespace Pixtane
 {

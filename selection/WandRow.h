@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/framework.h"
+#include "platform/minmax.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,5 +1,4 @@
 #include "selection/Outline.h"
-#include "support/RecordingTool.h"
 #include "support/User.h"
 
 #include <random>
@@ -16,16 +15,6 @@ protected:
     {
         CViewTest::SetUp();
         pView->SetBitmap(bitmap.info, bitmap.vBits.data());
-    }
-
-    void Select(CRect rc)
-    {
-        CRgn rgn;
-        rgn.CreateRectRgnIndirect(&rc);
-        std::vector<BYTE> vMask;
-        Pixtane::CPixtane::CreateSelectMask(rgn, vMask, bitmap.info.bmiHeader.biWidth, bitmap.info.bmiHeader.biHeight,
-                                            0);
-        pView->UpdateSelection(rgn, vMask);
     }
 
     /// The view area's pixels that show the outline, '#', and all those that show something else than without it, '!',
@@ -84,19 +73,6 @@ protected:
         return grey;
     }();
 };
-
-TEST_F(BorderTest, ARectangleIsOutlinedOnePixelWideAtEveryZoom)
-{
-    for (const double dbZoom : {0.25, 1.0, 1.5, 2.0})
-    {
-        pView->SetZoom(dbZoom);
-        Select({20, 20, 60, 40});
-        const Gdiplus::Point ptPos = pView->ptDispPos();
-        const auto edge = [&](double dEdge) { return static_cast<int>(dEdge * dbZoom); };
-        CRect rcFrame(edge(20) - ptPos.X, edge(20) - ptPos.Y, edge(60) - ptPos.X, edge(40) - ptPos.Y);
-        EXPECT_EQ(Outline(0), Frame({300, 200}, rcFrame)) << dbZoom;
-    }
-}
 
 TEST_F(BorderTest, TheOutlineCrawlsOnTimerTicksThatDraw)
 {
@@ -187,17 +163,6 @@ TEST_F(BorderTest, AnOutlineOfVeryManyRunsIsDrawnLikeOthers)
         std::fill(vWanted[rc.top].begin() + rc.left, vWanted[rc.top].begin() + rc.right, '#');
     EXPECT_EQ(Outline(0), vWanted);
     pView->ClearBitmap(FALSE);
-}
-
-TEST_F(BorderTest, AToolThatMovesTheSelectionPausesTheBorder)
-{
-    // By name alone a tool is not taken for the selector.
-    CRecordingTool impostor(strLog, L"region_selector");
-    pView->LoadEmbeddedTool(impostor);
-    Select({20, 20, 60, 40});
-    CUser(*pView).Wait(260);
-    EXPECT_EQ(Outline(1), Frame({300, 200}, {120, 80, 160, 100}));
-    pView->UnloadEmbeddedTool();
 }
 
 } // namespace

@@ -1,8 +1,7 @@
-#include "hostlibs/Quillog.h"
 #include "selection/RegionSelector.h"
-#include "support/MaskPicture.h"
-#include "support/User.h"
+#include "support/ToolTest.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <random>
 
@@ -18,37 +17,22 @@ public:
     using RegionSelector::CreateMagicWandMask;
 };
 
-class ColourSelectionTest : public CViewTest
+class ColourSelectionTest : public CToolTest<COpenSelector>
 {
 protected:
-    void SetUp() override
+    ColourSelectionTest() : CToolTest(1, 1) {}
+    /// The number of errors that were logged; forgets them.
+    std::ptrdiff_t Errors()
     {
-        CViewTest::SetUp();
-        QLSetSink([this](const QLRecord& record) { nErrors += record.level == QL_ERROR; });
-        pView->LoadEmbeddedTool(tool);
-    }
-    void TearDown() override
-    {
-        pView->UnloadEmbeddedTool();
-        QLSetSink({});
-        CViewTest::TearDown();
+        return std::ranges::count(std::exchange(records.vRecords, {}), QL_ERROR, &QLRecord::level);
     }
 
-    void Show(CTestBitmap bitmap)
+    void Show(CTestBitmap shown)
     {
         pView->ClearBitmap(FALSE);
-        shown = std::move(bitmap);
-        pView->SetBitmap(shown.info, shown.vBits.data());
+        bitmap = std::move(shown);
+        pView->SetBitmap(bitmap.info, bitmap.vBits.data());
         strLog.clear();
-    }
-    int Width() const { return shown.info.bmiHeader.biWidth; }
-    int Height() const { return shown.info.bmiHeader.biHeight; }
-    CMaskPicture Mask() { return CMaskPicture::Of(pView->vSelectMask(), Width()); }
-    CPoint At(int x, int y)
-    {
-        CPoint pt(x, y);
-        pView->FromBitmapToWnd(pt);
-        return pt;
     }
 
     /// The largest difference of a channel between two pixels' colours.
@@ -60,10 +44,6 @@ protected:
                 std::max(iMost, std::abs(static_cast<int>(u1 >> iShift & 255) - static_cast<int>(u2 >> iShift & 255)));
         return iMost;
     }
-
-    CTestBitmap shown{1, 1};
-    COpenSelector tool;
-    int nErrors = 0;
 };
 
 TEST_F(ColourSelectionTest, TheWandMatchesAFillPixelByPixel)
@@ -76,16 +56,16 @@ TEST_F(ColourSelectionTest, TheWandMatchesAFillPixelByPixel)
         const bool bWide = i % 8 == 0;
         const int cx = bWide ? 60 + below(150) : 1 + below(9), cy = 1 + below(9);
         const int iRare = bWide ? 20 + below(60) : 1;
-        CTestBitmap bitmap(cx, cy, i % 2 ? 24 : 32);
+        CTestBitmap rolled(cx, cy, i % 2 ? 24 : 32);
         for (int y = 0; y < cy; ++y)
         {
             for (int x = 0; x < cx; ++x)
-                bitmap.Set(x, y,
+                rolled.Set(x, y,
                            below(iRare)
                                ? 0
                                : static_cast<std::uint32_t>(below(3) * 0x400000 + below(2) * 0x3000 + below(2) * 0xFF));
         }
-        Show(std::move(bitmap));
+        Show(std::move(rolled));
         const CPoint ptSeed(below(cx), below(cy));
         const int iTolerance = std::vector{0, 1, 47, 48, 64, 128, 254, 255}[static_cast<std::size_t>(below(8))];
         std::vector<BYTE> vWanted(static_cast<std::size_t>(cx) * cy);
@@ -96,7 +76,7 @@ TEST_F(ColourSelectionTest, TheWandMatchesAFillPixelByPixel)
             const CPoint pt = vPending.back();
             vPending.pop_back();
             if (!CRect(0, 0, cx, cy).PtInRect(pt) || vWanted[static_cast<std::size_t>(pt.y * cx + pt.x)] ||
-                Distance(shown.At(pt.x, pt.y), shown.At(ptSeed.x, ptSeed.y)) > iTolerance)
+                Distance(bitmap.At(pt.x, pt.y), bitmap.At(ptSeed.x, ptSeed.y)) > iTolerance)
                 continue;
             vWanted[static_cast<std::size_t>(pt.y * cx + pt.x)] = 255;
             rcWanted = CRect(std::min(rcWanted.left, pt.x), std::min(rcWanted.top, pt.y),
@@ -122,51 +102,48 @@ TEST_F(ColourSelectionTest, TheWandMatchesAFillPixelByPixel)
 
 TEST_F(ColourSelectionTest, AClickOfTheWandIsAShapeLikeAnyOther)
 {
-    CTestBitmap bitmap(60, 30);
+    CTestBitmap grades(60, 30);
     for (int y = 0; y < 30; ++y)
     {
         for (int x = 0; x < 60; ++x)
-            bitmap.Set(x, y, static_cast<std::uint32_t>(x) * 0x010101);
+            grades.Set(x, y, static_cast<std::uint32_t>(x) * 0x010101);
     }
-    Show(std::move(bitmap));
-    CUser user(*pView);
+    Show(std::move(grades));
     tool.SetSelectMode(RegionSelector::SM_MAGICWAND);
     tool.SetTorlerance(10);
-    user.Click(At(30, 15));
+    user->Click(At(30, 15));
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "20,0,41,30 ") << "compared with the pixel that was clicked";
-    EXPECT_NE(TakeLog().find("N100"), std::string::npos);
+    EXPECT_NE(TakeLog().find("SELECT_NEW"), std::string::npos);
     tool.SetSelectOverlapMode(RegionSelector::OM_ADD);
     tool.SetFeatherRadius(2);
-    user.Click(At(55, 5));
-    CRect rcBox;
-    pView->rgnSelect().GetRgnBox(&rcBox);
-    EXPECT_EQ(rcBox, CRect(20, 0, 60, 30));
+    user->Click(At(55, 5));
+    EXPECT_EQ(Box(), CRect(20, 0, 60, 30));
     EXPECT_EQ(Mask().vRows[5].substr(42, 5), ".++++") << "with a soft edge";
-    EXPECT_NE(TakeLog().find("N101"), std::string::npos);
+    EXPECT_NE(TakeLog().find("SELECT_ADD"), std::string::npos);
     Show(CTestBitmap::Numbered(60, 30));
     tool.SelectAll();
     const std::vector<BYTE> vBefore(60 * 30, 255);
     tool.SetSelectOverlapMode(RegionSelector::OM_SUBTRACT);
     tool.SetTorlerance(0);
     tool.SetFeatherRadius(200);
-    nErrors = 0;
-    user.Wait(600); // no double click
-    user.Click(At(10, 10));
-    EXPECT_EQ(nErrors, 1) << "so soft that nothing is left of one pixel";
+    Errors();
+    user->Wait(600); // no double click
+    user->Click(At(10, 10));
+    EXPECT_EQ(Errors(), 1) << "so soft that nothing is left of one pixel";
     EXPECT_EQ(pView->vSelectMask(), vBefore);
-    user.Click({2, 2}); // beside the picture
+    user->Click({2, 2}); // beside the picture
     EXPECT_EQ(pView->vSelectMask(), vBefore);
 }
 
 TEST_F(ColourSelectionTest, ColourRangesAllAndInverse)
 {
-    CTestBitmap bitmap(6, 2);
+    CTestBitmap stripes(6, 2);
     for (int x = 0; x < 6; ++x)
     {
         for (int y = 0; y < 2; ++y)
-            bitmap.Set(x, y, x % 2 ? 0x102030 : 0xA0B0C0);
+            stripes.Set(x, y, x % 2 ? 0x102030 : 0xA0B0C0);
     }
-    Show(std::move(bitmap));
+    Show(std::move(stripes));
     tool.SelectColorRange(RGB(0x10, 0x20, 0x30), 0);
     EXPECT_EQ(Mask(), (CMaskPicture{{".#.#.#", ".#.#.#"}}));
     tool.InverseSelect();
@@ -184,7 +161,7 @@ TEST_F(ColourSelectionTest, ColourRangesAllAndInverse)
     tool.SelectColorRange(RGB(0x10, 0x20, 0x30), 5);
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "1,0,2,1 3,0,4,1 ") << "within the selection";
     EXPECT_EQ(pView->vSelectMask()[1], 100);
-    EXPECT_EQ(nErrors, 0);
+    EXPECT_EQ(Errors(), 0);
     tool.InverseSelect();
     EXPECT_EQ(Mask(), (CMaskPicture{{"#+#.##", "######"}}));
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "0,0,1,1 2,0,3,1 4,0,6,1 0,1,6,2 ") << "what is partly selected is not in";
@@ -192,14 +169,18 @@ TEST_F(ColourSelectionTest, ColourRangesAllAndInverse)
     EXPECT_EQ(pView->vSelectMask()[1], 100);
     TakeLog();
     tool.SelectColorRange(RGB(255, 0, 0), 5);
-    EXPECT_EQ(nErrors, 1);
+    EXPECT_EQ(Errors(), 1);
     EXPECT_EQ(RectsOf(pView->rgnSelect()), "none");
     tool.SelectColorRange(RGB(255, 0, 0), -1);
-    EXPECT_EQ(nErrors, 2);
-    EXPECT_EQ(TakeLog().find("N1"), std::string::npos) << "nobody is told";
+    EXPECT_EQ(Errors(), 1);
+    EXPECT_EQ(Told(), "") << "nobody is told";
     tool.InverseSelect();
-    EXPECT_NE(TakeLog().find("N105"), std::string::npos);
+    EXPECT_NE(TakeLog().find("SELECTION_INVERTED"), std::string::npos);
     EXPECT_EQ(Mask(), (CMaskPicture{{"######", "######"}}));
+    tool.InverseSelect();
+    EXPECT_NE(pView->rgnSelect().GetSafeHandle(), nullptr);
+    tool.SelectColorRange(RGB(0x10, 0x20, 0x30), 0);
+    EXPECT_EQ(Mask(), (CMaskPicture{{".#.#.#", ".#.#.#"}})) << "an empty selection is none";
     pView->ClearSelection();
     pView->vSelectMask_Cur()[3] = 9;
     tool.SelectAll();
@@ -220,11 +201,11 @@ TEST_F(ColourSelectionTest, AViewWithoutMasksSelectsRegionsByColour)
 {
     Show(CTestBitmap(60, 30));
     for (int x = 20; x < 40; ++x)
-        shown.Set(x, 7, 0x808080);
+        bitmap.Set(x, 7, 0x808080);
     pView->UnloadEmbeddedTool();
     CTestView view(TRUE);
     ASSERT_TRUE(view.Create(CRect(0, 0, 300, 200), pHost.get(), VIEW_ID + 5, BACKGROUND));
-    view.SetBitmap(shown.info, shown.vBits.data());
+    view.SetBitmap(bitmap.info, bitmap.vBits.data());
     view.LoadEmbeddedTool(tool);
     tool.SelectColorRange(RGB(0x80, 0x80, 0x80), 3);
     EXPECT_EQ(RectsOf(view.rgnSelect()), "20,7,40,8 ");
@@ -242,7 +223,12 @@ TEST_F(ColourSelectionTest, AViewWithoutMasksSelectsRegionsByColour)
     EXPECT_EQ(RectsOf(view.rgnSelect()), "20,7,40,8 ");
     tool.SelectColorRange(RGB(1, 255, 1), 3);
     EXPECT_EQ(RectsOf(view.rgnSelect()), "none");
-    EXPECT_EQ(nErrors, 1);
+    EXPECT_EQ(Errors(), 1);
+    std::vector<BYTE> vMask;
+    EXPECT_FALSE(view.GetSelectMask(vMask));
+    view.UpdateSelection(rgn, {});
+    view.FeatherSelection(3);
+    EXPECT_EQ(RectsOf(view.rgnSelect()), "0,0,30,30 ");
     view.UnloadEmbeddedTool();
     view.DestroyWindow();
 }

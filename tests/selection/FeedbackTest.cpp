@@ -1,5 +1,7 @@
 #include "selection/RegionSelector.h"
-#include "support/User.h"
+#include "support/ToolTest.h"
+
+#include <algorithm>
 
 using Pixtane::EmbeddedTool::RegionSelector;
 
@@ -7,25 +9,12 @@ namespace
 {
 
 /// What is drawn over a grey picture while a shape is being drawn.
-class FeedbackTest : public CViewTest
+class FeedbackTest : public CToolTest<RegionSelector>
 {
 protected:
     static constexpr std::uint32_t GREY = 0x5A5A5A;
 
-    void SetUp() override
-    {
-        CViewTest::SetUp();
-        std::ranges::fill(bitmap.vBits, BYTE{0x5A});
-        pView->SetBitmap(bitmap.info, bitmap.vBits.data());
-        pView->LoadEmbeddedTool(tool);
-        user = std::make_unique<CUser>(*pView);
-    }
-    void TearDown() override
-    {
-        pView->UnloadEmbeddedTool();
-        user.reset();
-        CViewTest::TearDown();
-    }
+    FeedbackTest() : CToolTest(300, 200) { std::ranges::fill(bitmap.vBits, BYTE{0x5A}); }
 
     /// The box of what is not grey within a part of the window.
     CRect Drawn(CRect rcWithin)
@@ -60,10 +49,6 @@ protected:
         }
         return strRow;
     }
-
-    CTestBitmap bitmap{300, 200};
-    RegionSelector tool;
-    std::unique_ptr<CUser> user;
 };
 
 TEST_F(FeedbackTest, ARectangleIsABlackLineWithWhiteDashesFromItsUpperRightCorner)

@@ -1,7 +1,8 @@
-#include "hostlibs/Quillog.h"
+#include "support/LogRecorder.h"
 #include "support/MaskPicture.h"
 #include "support/TestView.h"
 
+#include <algorithm>
 #include <random>
 
 using Pixtane::CPixtane;
@@ -13,50 +14,12 @@ namespace
 class MaskTest : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        QLSetSink(
-            [this](const QLRecord& record)
-            {
-                strLog += std::to_string(record.level);
-                for (const wchar_t* p = record.strText; *p; ++p)
-                    strLog += static_cast<char>(*p);
-                strLog += "|";
-            });
-    }
-    void TearDown() override { QLSetSink({}); }
-
-    std::string strLog;
+    CLogRecorder records;
     std::mt19937 random{7};
     int Below(int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); }
 };
 
-TEST_F(MaskTest, RunsOfBytesThatAreNotZeroBecomeTheRegion)
-{
-    const struct
-    {
-        std::vector<BYTE> vMask;
-        int cx, cy;
-        const char* pszRects;
-        int iResult;
-    } vCases[] = {
-        {{0, 7, 255, 0, 1}, 5, 1, "1,0,3,1 4,0,5,1 ", 1},
-        {{0, 0, 0, 0, 0, 9}, 2, 3, "1,2,2,3 ", 1},
-        {{1, 1, 1, 1}, 2, 2, "0,0,2,2 ", 1},
-        {{0, 0, 0, 0}, 2, 2, "none", 0},
-        {{1, 1, 1}, 2, 2, "5,5,6,6 ", 0}, // not this size: the region stays
-        {{}, 0, 0, "5,5,6,6 ", 0},
-    };
-    for (const auto& c : vCases)
-    {
-        CRgn rgn;
-        rgn.CreateRectRgn(5, 5, 6, 6);
-        EXPECT_EQ(CPixtane::CreateRgnFromMask(rgn, c.vMask, c.cx, c.cy), c.iResult);
-        EXPECT_EQ(RectsOf(rgn), c.pszRects);
-    }
-}
-
-TEST_F(MaskTest, MaskAndRegionAgreeOnRandomPictures)
+TEST_F(MaskTest, BytesThatAreNotZeroBecomeTheRegionAndBack)
 {
     for (int i = 0; i < 300; ++i)
     {
@@ -65,13 +28,21 @@ TEST_F(MaskTest, MaskAndRegionAgreeOnRandomPictures)
         const int iDensity = 1 + Below(100);
         std::vector<BYTE> vMask(static_cast<std::size_t>(cx) * cy);
         for (BYTE& byte : vMask)
-            byte = Below(100) < iDensity ? 255 : 0;
-        vMask[static_cast<std::size_t>(Below(cx * cy))] = 255;
+            byte = static_cast<BYTE>(Below(100) < iDensity ? 1 + Below(255) : 0);
+        const CPoint ptFirst(Below(cx), Below(cy));
+        vMask[static_cast<std::size_t>(ptFirst.y * cx + ptFirst.x)] = 255;
         CRgn rgn;
         ASSERT_TRUE(CPixtane::CreateRgnFromMask(rgn, vMask, cx, cy));
         std::vector<BYTE> vBack(i % 2 ? vMask.size() : 3, BYTE{77});
         ASSERT_TRUE(CPixtane::CreateSelectMask(rgn, vBack, cx, cy, 0));
+        std::ranges::for_each(vMask, [](BYTE& byte) { byte = byte ? 255 : 0; });
         ASSERT_EQ(vBack, vMask) << cx << " x " << cy;
+        vMask.pop_back();
+        ASSERT_FALSE(CPixtane::CreateRgnFromMask(rgn, vMask, cx, cy)) << "not this size";
+        ASSERT_TRUE(rgn.PtInRegion(ptFirst)) << "the region stays";
+        std::ranges::fill(vMask, BYTE{0});
+        vMask.push_back(0);
+        ASSERT_FALSE(CPixtane::CreateRgnFromMask(rgn, vMask, cx, cy) || rgn.GetSafeHandle()) << "nothing";
     }
 }
 
@@ -87,20 +58,19 @@ TEST_F(MaskTest, MasksOfRegionsIgnoreWhatIsOutsideAndSayWhatIsWrong)
         CMaskPicture picture;
         const char* pszLog;
     } vCases[] = {
-        {rgnLarge, 3, 3, 0, 1, {{"...", "##.", "##."}}, "3FeatherRadius = 0, Time cost: 0ms\n|"},
-        {rgnNone, 2, 1, 0, 1, {{".."}}, "3No select region.|"},
-        {rgnEmpty, 2, 1, 5, 0, {{".."}}, "1Empty Region.|"},
-        {rgnLarge, 0, 3, 0, 0, {}, "3Invalid Mask Size.|"},
-        {rgnLarge, 65536, 65536, 0, 0, {}, "3Invalid Mask Size.|"},
-        {rgnLarge, -1, -1, 0, 0, {}, "3Invalid Mask Size.|"},
+        {rgnLarge, 3, 3, 0, 1, {{"...", "##.", "##."}}, "3 FeatherRadius = 0, Time cost: 0ms\n|"},
+        {rgnNone, 2, 1, 0, 1, {{".."}}, "3 No select region.|"},
+        {rgnEmpty, 2, 1, 5, 0, {{".."}}, "1 Empty Region.|"},
+        {rgnLarge, 0, 3, 0, 0, {}, "3 Invalid Mask Size.|"},
+        {rgnLarge, 65536, 65536, 0, 0, {}, "3 Invalid Mask Size.|"},
+        {rgnLarge, -1, -1, 0, 0, {}, "3 Invalid Mask Size.|"},
     };
     for (const auto& c : vCases)
     {
-        strLog.clear();
         std::vector<BYTE> vMask;
         EXPECT_EQ(CPixtane::CreateSelectMask(c.rgn, vMask, c.cx, c.cy, c.iFeather), c.iResult);
         EXPECT_EQ(CMaskPicture::Of(vMask, std::max(c.cx, 1)), c.picture);
-        EXPECT_EQ(strLog, c.pszLog);
+        EXPECT_EQ(records.Take(), c.pszLog);
     }
     std::vector<BYTE> vMask;
     CPixtane::CreateSelectMask(rgnLarge, vMask, 9, 20, 2);
@@ -200,22 +170,6 @@ TEST_F(SelectionTest, FeatheringMakesTheRegionAsLargeAsTheMask)
     CPixtane::CreateRgnFromMask(rgnBack, vBack, 6, 4);
     EXPECT_NE(vBack, vMask);
     EXPECT_TRUE(rgnBack.EqualRgn(&pView->rgnSelect()));
-}
-
-TEST_F(SelectionTest, AViewWithoutMasksKeepsTheRegionAlone)
-{
-    CTestView view(TRUE);
-    ASSERT_TRUE(view.Create(CRect(0, 0, 50, 50), pHost.get(), VIEW_ID + 5, BACKGROUND));
-    ASSERT_TRUE(view.SetBitmap(bitmap.info, bitmap.vBits.data()));
-    rgn.CreateRectRgn(1, 1, 3, 3);
-    EXPECT_TRUE(view.UpdateSelection(rgn, {}));
-    CRgn rgnBack;
-    std::vector<BYTE> vBack;
-    EXPECT_TRUE(view.GetSelectRegion(rgnBack));
-    EXPECT_FALSE(view.GetSelectMask(vBack));
-    view.FeatherSelection(3);
-    EXPECT_EQ(RectsOf(view.rgnSelect()), "1,1,3,3 ");
-    view.DestroyWindow();
 }
 
 } // namespace

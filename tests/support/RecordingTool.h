@@ -23,7 +23,6 @@ public:
     bool bLogPaints = false;
 
     Pixtane::CPixtane* View() const { return pView; }
-    UINT Version() const { return uSettingsVersion; }
 
     const wchar_t* GetToolName() override { return szToolName; }
     int OnLoad(Pixtane::CPixtane& view) override

@@ -1,15 +1,42 @@
 #include "support/TestView.h"
 
 #include "base/HandleTable.h"
+#include "user/Workers.h"
 
-#include <cstdio>
+#include "view/Notifications.h"
+
 #include <cstring>
+#include <map>
+#include <sstream>
 
 namespace
 {
 
 /// The picture a screen of 8 bits a channel shows of a five-bit channel.
 std::uint32_t Widened(std::uint32_t uFiveBits) { return uFiveBits << 3 | uFiveBits >> 2; }
+
+/// A notification's name without its prefix.
+std::string NameOf(UINT uCode)
+{
+#define NAMED(name)                                                                                                    \
+    {                                                                                                                  \
+        Pixtane::PVN_##name, #name                                                                                     \
+    }
+    static const std::map<UINT, std::string> s_Names = {
+        NAMED(MOUSEMOVE),           NAMED(LBUTTONDOWN),       NAMED(LBUTTONUP),         NAMED(RBUTTONDOWN),
+        NAMED(RBUTTONUP),           NAMED(DISPLAYCHANGED),    NAMED(SELECT_NEW),        NAMED(SELECT_ADD),
+        NAMED(SELECT_SUBTRACT),     NAMED(SELECT_INTERSECT),  NAMED(SELECTION_CLEARED), NAMED(SELECTION_INVERTED),
+        NAMED(SELECTION_MOVED),     NAMED(IMAGEMOVER_BEGIN),  NAMED(IMAGEMOVER_MOVING), NAMED(IMAGEMOVER_END),
+        NAMED(CLONESTAMP_NOSOURCE), NAMED(SELMOD_LEFT),       NAMED(SELMOD_TOP),        NAMED(SELMOD_RIGHT),
+        NAMED(SELMOD_BOTTOM),       NAMED(SELMOD_SIZE),       NAMED(SELMOD_RECT),       NAMED(DODGE_BEGIN),
+        NAMED(BURN_BEGIN),          NAMED(BURN_END),          NAMED(CLONESTAMP_SOURCE), NAMED(CLONESTAMP_BEGIN),
+        NAMED(CLONESTAMP_END),      NAMED(EFFECTBRUSH_BEGIN), NAMED(EFFECTBRUSH_END),   NAMED(DODGE_END),
+        NAMED(SPOTREMOVER_SPOT),    NAMED(REDEYE_DETECT),     NAMED(COLORPICKER_COLOR), NAMED(HORILINE_DRAWN),
+        NAMED(MOVABLERECT_MOVED)};
+#undef NAMED
+    const auto it = s_Names.find(uCode);
+    return it == s_Names.end() ? "NOTIFICATION_" + std::to_string(uCode) : it->second;
+}
 
 } // namespace
 
@@ -21,6 +48,7 @@ CTestBitmap::CTestBitmap(int cx, int cy, int iBitsPixel)
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = static_cast<WORD>(iBitsPixel);
     vBits.resize(static_cast<std::size_t>((cx * iBitsPixel + 31) / 32 * 4) * cy);
+    info.bmiHeader.biSizeImage = static_cast<DWORD>(vBits.size());
 }
 
 CTestBitmap CTestBitmap::Numbered(int cx, int cy, int iBitsPixel)
@@ -69,11 +97,12 @@ BOOL CTestHost::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* plResult)
     EXPECT_EQ(wParam, reinterpret_cast<WPARAM>(pNotify->hwndFrom));
     EXPECT_EQ(::GetParent(pNotify->hwndFrom), m_hWnd);
     EXPECT_EQ(pNotify->idFrom, static_cast<UINT_PTR>(::GetDlgCtrlID(pNotify->hwndFrom)));
-    char szText[16];
-    std::snprintf(szText, sizeof(szText), "N%x ", pNotify->code);
     if (pLog)
-        *pLog += szText;
-    *plResult = answer ? answer(pNotify->code) : 0;
+        *pLog += NameOf(pNotify->code) + " ";
+    const UINT uCode = pNotify->code;
+    if (uCode == Pixtane::PVN_CLONESTAMP_NOSOURCE)
+        delete pNotify; // It is posted, and its receiver's.
+    *plResult = answer ? answer(uCode) : 0;
     return TRUE;
 }
 
@@ -93,6 +122,7 @@ void CViewTest::SetUp()
 void CViewTest::TearDown()
 {
     Close();
+    EXPECT_TRUE(winlite::Workers::WaitUntilAllEnded(std::chrono::minutes(1)));
     EXPECT_EQ(winlite::OpenHandleCount(), m_nHandles);
 }
 
@@ -126,6 +156,34 @@ CTestBitmap& CViewTest::Show(int cx, int cy, int iBitsPixel)
     CTestBitmap bitmap = CTestBitmap::Numbered(cx, cy, iBitsPixel);
     EXPECT_TRUE(pView->SetBitmap(bitmap.info, bitmap.vBits.data()));
     return m_Shown = std::move(bitmap);
+}
+
+void CViewTest::Select(const CRect& rc)
+{
+    CRgn rgn;
+    rgn.CreateRectRgnIndirect(&rc);
+    std::vector<BYTE> vMask;
+    Pixtane::CPixtane::CreateSelectMask(rgn, vMask, pView->iBmpWidth(), pView->iBmpHeight(), 0);
+    pView->UpdateSelection(rgn, vMask);
+}
+
+std::string CViewTest::Told()
+{
+    std::istringstream log(TakeLog());
+    std::string strTold;
+    for (std::string strWord; log >> strWord;)
+        strTold += strWord.find('_') != std::string::npos ? strWord + " " : "";
+    return strTold;
+}
+
+void CViewTest::InsideFirst(UINT uCode, std::function<void()> act)
+{
+    pHost->answer = [uCode, act = std::move(act), bDone = false](UINT uTold) mutable
+    {
+        if (uTold == uCode && !std::exchange(bDone, true))
+            act();
+        return LRESULT{0};
+    };
 }
 
 winlite::Picture CViewTest::Screen()

@@ -83,6 +83,9 @@ protected:
     /// Attaches a numbered bitmap, which stays until the next.
     CTestBitmap& Show(int cx, int cy, int iBitsPixel = 32);
 
+    /// Selects a rectangle of the bitmap, with full weight.
+    void Select(const CRect& rc);
+
     /// The host window's picture after all pending paints; pixels 0x00RRGGBB.
     winlite::Picture Screen();
     static std::uint32_t PixelOf(const winlite::Picture& picture, int x, int y);
@@ -90,9 +93,16 @@ protected:
     std::unique_ptr<CTestView> pView;
     std::unique_ptr<CTestHost> pHost;
 
-    /// What tools and host were told, in order; taken and emptied by TakeLog.
+    /// What tools and host were told, in order: a tool's calls as it logs them, notifications by their names without
+    /// PVN_. Taken and emptied by TakeLog.
     std::string strLog;
     std::string TakeLog() { return std::exchange(strLog, {}); }
+
+    /// The log's notifications of tools alone, which have an underscore in their names; empties it.
+    std::string Told();
+
+    /// Runs the code inside the first notification of that code that comes.
+    void InsideFirst(UINT uCode, std::function<void()> act);
 
 private:
     CTestBitmap m_Shown{0, 0};

@@ -32,7 +32,7 @@ public:
         Move(ptTo);
         Release(ptTo);
     }
-    void Wheel(int zDelta, CPoint pt = {})
+    void Wheel(int zDelta, CPoint pt = {0, 0})
     {
         winlite::QueueWheel(zDelta, OnScreen(pt));
         Settle();
