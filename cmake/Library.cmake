@@ -1,7 +1,7 @@
 # The library: its rooms joined into one shared object, with the resources. Hosts include the headers of every room.
 include(Resources)
 
-set(rooms pixtane_view pixtane_selection pixtane_tools)
+set(rooms pixtane_view pixtane_selection pixtane_brushes pixtane_tools)
 add_library(Pixtane SHARED)
 add_resources(Pixtane ${PROJECT_SOURCE_DIR}/resources/pixtane.rc Pixtane)
 set_target_properties(Pixtane ${rooms} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
