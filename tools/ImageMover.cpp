@@ -1,5 +1,6 @@
 #include "tools/ImageMover.h"
 
+#include "view/CursorIds.h"
 #include "view/Module.h"
 #include "view/Notifications.h"
 #include "view/Rounding.h"
@@ -8,14 +9,6 @@
 
 namespace Pixtane::EmbeddedTool
 {
-
-namespace
-{
-
-constexpr UINT CURSOR_OPEN_HAND = 3028;
-constexpr UINT CURSOR_CLOSED_HAND = 3029;
-
-} // namespace
 
 ImageMover::ImageMover() { std::wcscpy(szToolName, L"image_mover"); }
 
@@ -27,7 +20,7 @@ int ImageMover::OnUnload()
 
 bool ImageMover::CanPan() const
 {
-    CRect rcView;
+    CRect rcView(0, 0, 0, 0);
     pView->GetClientRect(&rcView);
     const Gdiplus::SizeF szZoomed = pView->ZoomedSize();
     return szZoomed.Width > static_cast<float>(rcView.Width()) || szZoomed.Height > static_cast<float>(rcView.Height());
@@ -37,10 +30,7 @@ int ImageMover::OnSetCursor(CWnd*, UINT, UINT)
 {
     if (!IsHosted())
         return FALSE;
-    const CPoint ptCursor = CursorInView();
-    CRect rcView;
-    pView->GetClientRect(&rcView);
-    if ((!rcView.PtInRect(ptCursor) && !bDragging) || !CanPan())
+    if ((!bDragging && !IsCursorOverView()) || !CanPan())
         return FALSE;
     ShowOwnCursor(bDragging ? CURSOR_CLOSED_HAND : CURSOR_OPEN_HAND);
     return TRUE;
@@ -85,9 +75,11 @@ int ImageMover::OnLButtonUp(UINT, CPoint)
 {
     if (!IsHosted() || !bDragging)
         return FALSE;
+    CPixtane& view = *pView;
     bDragging = FALSE; // The capture's change, which follows, then finds no drag.
     ReleaseMouse();
-    EndDrag();
+    if (IsIn(view))
+        EndDrag();
     return FALSE;
 }
 

@@ -38,7 +38,7 @@ private:
 
 protected:
     BOOL bDragging = FALSE;
-    CPoint ptLast; ///< Window point of the drag's previous event.
+    CPoint ptLast{0, 0}; ///< Window point of the drag's previous event.
 };
 
 } // namespace Pixtane::EmbeddedTool

@@ -1,41 +1,16 @@
 #include "tools/ImageMover.h"
-#include "support/User.h"
+#include "support/ToolTest.h"
+#include "view/Notifications.h"
 
 using Pixtane::EmbeddedTool::ImageMover;
 
 namespace
 {
 
-class ImageMoverTest : public CViewTest
+class ImageMoverTest : public CToolTest<ImageMover>
 {
 protected:
-    void SetUp() override
-    {
-        CViewTest::SetUp();
-        pView->SetBitmap(bitmap.info, bitmap.vBits.data());
-        pView->LoadEmbeddedTool(hand);
-        user = std::make_unique<CUser>(*pView);
-    }
-    void TearDown() override
-    {
-        pView->UnloadEmbeddedTool();
-        user.reset();
-        CViewTest::TearDown();
-    }
-
-    /// The tool's notifications since the last time.
-    std::string Told()
-    {
-        std::string strTold;
-        const std::string strAll = TakeLog();
-        for (std::size_t i = strAll.find("N12"); i != std::string::npos; i = strAll.find("N12", i + 1))
-            strTold += strAll.substr(i, 5);
-        return strTold;
-    }
-
-    CTestBitmap bitmap = CTestBitmap::Numbered(400, 150);
-    ImageMover hand;
-    std::unique_ptr<CUser> user;
+    ImageMoverTest() : CToolTest(400, 150) {}
 };
 
 TEST_F(ImageMoverTest, ThePictureFollowsTheHandAndStopsAtItsEdge)
@@ -46,19 +21,19 @@ TEST_F(ImageMoverTest, ThePictureFollowsTheHandAndStopsAtItsEdge)
     user->Move({80, 90});
     EXPECT_EQ(pView->ptDispPos().X, 70);
     user->Move({80, 90});
-    EXPECT_EQ(Told(), "N120 N121 ") << "a move of nothing is none";
+    EXPECT_EQ(Told(), "IMAGEMOVER_BEGIN IMAGEMOVER_MOVING ") << "a move of nothing is none";
     user->Move({300, 90});
     EXPECT_EQ(pView->ptDispPos().X, 0);
     user->Move({310, 90});
     user->Release({200, 90});
     EXPECT_EQ(pView->ptDispPos().X, 0) << "the release itself does not move";
-    EXPECT_EQ(Told(), "N121 N121 N122 ") << "also against the edge; one end";
+    EXPECT_EQ(Told(), "IMAGEMOVER_MOVING IMAGEMOVER_MOVING IMAGEMOVER_END ") << "also against the edge; one end";
     user->Wait(600); // no double click
     user->Press({100, 100});
     ::SetCapture(pHost->m_hWnd);
     ::ReleaseCapture();
     user->Move({50, 100});
-    EXPECT_EQ(Told(), "N120 N122 ") << "ended by losing the capture";
+    EXPECT_EQ(Told(), "IMAGEMOVER_BEGIN IMAGEMOVER_END ") << "ended by losing the capture";
     EXPECT_EQ(pView->ptDispPos().X, 0);
 }
 
@@ -75,15 +50,13 @@ TEST_F(ImageMoverTest, APictureThatFitsIsNotPanned)
     pView->SetZoom(1.01);
     const Gdiplus::Point ptBefore = pView->ptDispPos();
     user->Drag({100, 100}, {99, 100});
-    EXPECT_EQ(Told(), "N120 N121 N122 ");
+    EXPECT_EQ(Told(), "IMAGEMOVER_BEGIN IMAGEMOVER_MOVING IMAGEMOVER_END ");
     EXPECT_EQ(pView->ptDispPos().X, ptBefore.X + 1);
 }
 
 TEST_F(ImageMoverTest, TheOutlineIsHiddenDuringADragAndShownAfterwards)
 {
-    CRgn rgn;
-    rgn.CreateRectRgn(10, 10, 390, 140);
-    pView->UpdateSelection(rgn, std::vector<BYTE>(400 * 150, 255));
+    Select({10, 10, 390, 140});
     const winlite::Picture outlined = Screen();
     pView->ShowSelection(FALSE);
     const winlite::Picture plain = Screen();
@@ -95,50 +68,34 @@ TEST_F(ImageMoverTest, TheOutlineIsHiddenDuringADragAndShownAfterwards)
 
 TEST_F(ImageMoverTest, ADragThatEndsInsideItsBeginningIsOver)
 {
-    pHost->answer = [](UINT uCode)
-    {
-        if (uCode == 0x120)
-            ::ReleaseCapture();
-        return 0;
-    };
-    CRgn rgn;
-    rgn.CreateRectRgn(10, 10, 390, 140);
-    pView->UpdateSelection(rgn, std::vector<BYTE>(400 * 150, 255));
+    InsideFirst(Pixtane::PVN_IMAGEMOVER_BEGIN, [] { ::ReleaseCapture(); });
+    Select({10, 10, 390, 140});
     const winlite::Picture outlined = Screen();
     user->Press({100, 100});
-    EXPECT_EQ(Told(), "N120 N122 ");
+    EXPECT_EQ(Told(), "IMAGEMOVER_BEGIN IMAGEMOVER_END ");
     EXPECT_EQ(Screen().vPixels, outlined.vPixels) << "the outline is not left hidden";
+    class CLeavesWithTheMouse : public ImageMover
+    {
+        int OnCaptureChanged(CWnd*) override { return pView->UnloadEmbeddedTool(), FALSE; }
+    };
+    pHost->answer = {};
+    CLeavesWithTheMouse leaving;
+    pView->LoadEmbeddedTool(leaving);
+    user->Wait(600); // no double click
+    Told();
+    user->Drag({100, 100}, {50, 100});
+    EXPECT_EQ(Told(), "IMAGEMOVER_BEGIN IMAGEMOVER_MOVING ")
+        << "the release unloads the tool, which then leaves the view alone";
+    pView->LoadEmbeddedTool(tool);
+    user->Wait(600);
+    user->Press({100, 100});
+    pView->UnloadEmbeddedTool();
+    EXPECT_EQ(::GetCapture(), pView->m_hWnd) << "unloading keeps the capture";
+    ::ReleaseCapture();
     ImageMover loose;
     loose.OnLButtonDown(0, {1, 1});
     loose.OnMouseMove(0, {5, 5});
     loose.OnCaptureChanged(nullptr);
-}
-
-TEST_F(ImageMoverTest, TheHostMayTakeTheToolOrThePictureAwayInTheMiddle)
-{
-    for (const UINT uCode : {0x120U, 0x121U, 0x122U, 6U})
-    {
-        for (const bool bUnload : {false, true})
-        {
-            pView->SetBitmap(bitmap.info, bitmap.vBits.data());
-            pView->LoadEmbeddedTool(hand);
-            pHost->answer = [&](UINT uTold)
-            {
-                if (uTold == uCode)
-                    bUnload ? pView->UnloadEmbeddedTool() : pView->ClearBitmap(TRUE);
-                return 0;
-            };
-            user->Drag({100, 100}, {50, 100});
-            ::ReleaseCapture();
-            pHost->answer = {};
-        }
-    }
-    pView->SetBitmap(bitmap.info, bitmap.vBits.data());
-    pView->LoadEmbeddedTool(hand);
-    user->Release({1, 1});
-    Told();
-    user->Drag({100, 100}, {50, 100});
-    EXPECT_EQ(Told(), "N120 N121 N122 ");
 }
 
 } // namespace
