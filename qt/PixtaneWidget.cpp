@@ -1,6 +1,6 @@
 #include "qt/PixtaneWidget.h"
 
-#include "qt/ViewHost.h"
+#include "host/ViewHost.h"
 #include "qtdesktop/QtWindow.h"
 #include "view/Notifications.h"
 
@@ -72,7 +72,7 @@ bool CPixtaneWidget::event(QEvent* pEvent)
     if (gesture.gestureType() != Qt::ZoomNativeGesture)
         return QWidget::event(pEvent);
     const QPoint ptPixel = m_pWindow->PixelAt(gesture.position());
-    m_pHost->ZoomByGesture(View().dbZoom() * (1 + gesture.value()), QPointF(ptPixel) + QPointF(0.5, 0.5));
+    m_pHost->ZoomByGesture(View().dbZoom() * (1 + gesture.value()), ExactPoint::MiddleOf(ptPixel.x(), ptPixel.y()));
     return true;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/ViewZoom.h"
+#include "host/ViewZoom.h"
 
 #include <functional>
 #include <memory>

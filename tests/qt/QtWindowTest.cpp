@@ -1,7 +1,7 @@
 #include "qtdesktop/QtWindow.h"
+#include "host/ZoomLadder.h"
 #include "qt/PixtaneQt.h"
 #include "qt/PixtaneWidget.h"
-#include "qt/ZoomLadder.h"
 #include "user/Window.h"
 #include "view/Notifications.h"
 
@@ -218,7 +218,7 @@ TEST_F(CQtWindowTest, ADialogOpenedFromANotificationKeepsTheViewAlive)
 TEST_F(CQtWindowTest, ZoomingAboutAPointKeepsItsPixel)
 {
     const CPoint ptWindow(70, 60);
-    const QPointF ptMiddle(70.5, 60.5);
+    const ExactPoint ptMiddle = {70.5, 60.5};
     constexpr double START = 1.0 / 3;
     widget.View().SetZoom(START);
     widget.View().SetDispPosition(101, 53);

@@ -1,4 +1,4 @@
-#include "qt/ZoomLadder.h"
+#include "host/ZoomLadder.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,33 +1,33 @@
-#include "qt/ViewZoom.h"
+#include "host/ViewZoom.h"
 
-#include "qt/ZoomLadder.h"
+#include "host/ZoomLadder.h"
 
 #include <algorithm>
 #include <cmath>
 
 CPoint CViewZoom::DispPos() const { return {m_view.ptDispPos().X, m_view.ptDispPos().Y}; }
 
-QPointF CViewZoom::BitmapPosition(QPointF ptWindow) const
+ExactPoint CViewZoom::BitmapPosition(ExactPoint ptWindow) const
 {
     if (m_Last && m_Last->ptWindow == ptWindow && m_Last->dbZoom == m_view.dbZoom() && m_Last->ptDispPos == DispPos())
         return m_Last->ptBitmap;
-    return (ptWindow + QPointF(DispPos().x, DispPos().y)) / m_view.dbZoom();
+    return {(ptWindow.x + DispPos().x) / m_view.dbZoom(), (ptWindow.y + DispPos().y) / m_view.dbZoom()};
 }
 
-void CViewZoom::ZoomAbout(double dbZoom, QPointF ptWindow)
+void CViewZoom::ZoomAbout(double dbZoom, ExactPoint ptWindow)
 {
     if (!m_view.pBmpData())
         return;
-    const QPointF ptBitmap = BitmapPosition(ptWindow);
+    const ExactPoint ptBitmap = BitmapPosition(ptWindow);
     m_view.LockRedraw();
     m_view.SetZoom(std::clamp(dbZoom, MIN_ZOOM, MAX_ZOOM));
-    const QPointF ptZoomed = ptBitmap * m_view.dbZoom() - ptWindow;
-    m_view.SetDispPosition(static_cast<int>(std::lround(ptZoomed.x())), static_cast<int>(std::lround(ptZoomed.y())));
+    m_view.SetDispPosition(static_cast<int>(std::lround(ptBitmap.x * m_view.dbZoom() - ptWindow.x)),
+                           static_cast<int>(std::lround(ptBitmap.y * m_view.dbZoom() - ptWindow.y)));
     m_view.UnlockRedraw();
     m_Last = {ptWindow, ptBitmap, m_view.dbZoom(), DispPos()};
 }
 
-void CViewZoom::StepZoom(int nSteps, QPointF ptWindow)
+void CViewZoom::StepZoom(int nSteps, ExactPoint ptWindow)
 {
     if (nSteps != 0)
         ZoomAbout(ZoomLadderStep(m_view.dbZoom(), nSteps), ptWindow);
@@ -47,7 +47,7 @@ double CViewZoom::FitZoom(bool bEnlarge)
 
 void CViewZoom::ZoomToFit() { m_view.SetZoom(FitZoom()); }
 
-QPointF CViewZoom::ViewCentre()
+ExactPoint CViewZoom::ViewCentre()
 {
     CRect rcView;
     m_view.GetClientRect(&rcView);

@@ -1,4 +1,4 @@
-#include "qt/ViewHost.h"
+#include "host/ViewHost.h"
 
 #include "user/Journal.h"
 #include "view/Notifications.h"
@@ -10,9 +10,6 @@
 
 namespace
 {
-
-/// The middle of a device pixel: what is under the pointer is under its middle.
-QPointF MiddleOf(CPoint ptPixel) { return {ptPixel.x + 0.5, ptPixel.y + 0.5}; }
 
 constexpr const char* SCROLL_COMMAND = "view-scroll";
 constexpr const char* ZOOM_COMMAND = "view-zoom";
@@ -84,7 +81,8 @@ BOOL CViewHost::PreTranslateMessage(MSG* pMsg)
         return CWnd::PreTranslateMessage(pMsg);
     CPoint ptWindow(pMsg->pt);
     m_view.ScreenToClient(&ptWindow);
-    m_Zoom.StepZoom(static_cast<SHORT>(HIWORD(pMsg->wParam)) / WHEEL_DELTA, MiddleOf(ptWindow));
+    m_Zoom.StepZoom(static_cast<SHORT>(HIWORD(pMsg->wParam)) / WHEEL_DELTA,
+                    ExactPoint::MiddleOf(ptWindow.x, ptWindow.y));
     return TRUE;
 }
 
@@ -96,11 +94,11 @@ void CViewHost::ScrollByGesture(int dx, int dy)
     m_view.MoveImage(dx, dy);
 }
 
-void CViewHost::ZoomByGesture(double dbZoom, QPointF ptWindow)
+void CViewHost::ZoomByGesture(double dbZoom, ExactPoint ptWindow)
 {
     std::ostringstream command;
     command.precision(std::numeric_limits<double>::max_digits10);
-    command << ZOOM_COMMAND << " " << dbZoom << " " << ptWindow.x() << " " << ptWindow.y();
+    command << ZOOM_COMMAND << " " << dbZoom << " " << ptWindow.x << " " << ptWindow.y;
     winlite::TheJournal().OnCommand(command.str());
     m_Zoom.ZoomAbout(dbZoom, ptWindow);
 }
@@ -119,8 +117,8 @@ bool CViewHost::Execute(const std::string& strCommand)
         return !command.fail();
     }
     double dbZoom = 0;
-    QPointF pt;
-    if (strName != ZOOM_COMMAND || !(command >> dbZoom >> pt.rx() >> pt.ry()))
+    ExactPoint pt;
+    if (strName != ZOOM_COMMAND || !(command >> dbZoom >> pt.x >> pt.y))
         return false;
     ZoomByGesture(dbZoom, pt);
     return true;

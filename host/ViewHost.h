@@ -1,6 +1,6 @@
 #pragma once
 
-#include "qt/ViewZoom.h"
+#include "host/ViewZoom.h"
 #include "view/Pixtane.h"
 
 #include <functional>
@@ -35,7 +35,7 @@ public:
 
     /// Moves the picture as a gesture outside winlite's input asks: to the right and down where positive.
     void ScrollByGesture(int dx, int dy);
-    void ZoomByGesture(double dbZoom, QPointF ptWindow);
+    void ZoomByGesture(double dbZoom, ExactPoint ptWindow);
 
     /// Repeats one of these two from a recorded session; FALSE for other commands.
     bool Execute(const std::string& strCommand);
