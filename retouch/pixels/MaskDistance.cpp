@@ -1,7 +1,6 @@
-#include "retouch/MaskDistance.h"
+#include "pixels/MaskDistance.h"
 
 #include <algorithm>
-#include <cstdint>
 
 namespace
 {
@@ -15,22 +14,34 @@ constexpr int FAR = 60000;
 class CDistances
 {
 public:
-    CDistances(const std::vector<BYTE>& vMask, int iWidth, bool bFromSelected)
+    CDistances(const std::vector<std::uint8_t>& vMask, int iWidth, bool bFromSelected)
         : m_cx(iWidth), m_cy(static_cast<int>(vMask.size()) / iWidth), m_vDistances(vMask.size())
     {
         std::ranges::transform(vMask, m_vDistances.begin(),
-                               [=](BYTE weight)
+                               [=](std::uint8_t weight)
                                { return static_cast<std::uint16_t>((weight > 127) == bFromSelected ? 0 : FAR); });
+    }
+
+    /// Carries the distances over the whole mask, down and up again; FALSE when cancelled.
+    bool Spread(CProgress& progress)
+    {
+        progress.SetStages(2);
         for (int y = 0; y < m_cy; ++y)
         {
             for (int x = 0; x < m_cx; ++x)
                 Relax(x, y, -1);
+            if (!progress.Report(static_cast<std::size_t>(y), static_cast<std::size_t>(m_cy)))
+                return false;
         }
+        progress.EndStage();
         for (int y = m_cy - 1; y >= 0; --y)
         {
             for (int x = m_cx - 1; x >= 0; --x)
                 Relax(x, y, 1);
+            if (!progress.Report(static_cast<std::size_t>(m_cy - 1 - y), static_cast<std::size_t>(m_cy)))
+                return false;
         }
+        return true;
     }
 
     bool IsWithin(std::size_t i, int iPixels) const { return m_vDistances[i] <= iPixels * ASIDE; }
@@ -55,24 +66,28 @@ private:
     std::vector<std::uint16_t> m_vDistances;
 };
 
-} // namespace
-
-void GrowMask(std::vector<BYTE>& vMask, int iWidth, int iPixels)
+/// Sets what is near pixels of one kind to a weight.
+bool SetNear(std::vector<std::uint8_t>& vMask, int iWidth, int iPixels, bool bSelected, CProgress& progress)
 {
-    const CDistances distances(vMask, iWidth, true);
+    CDistances distances(vMask, iWidth, bSelected);
+    if (!distances.Spread(progress))
+        return false;
     for (std::size_t i = 0; i < vMask.size(); ++i)
     {
         if (distances.IsWithin(i, iPixels))
-            vMask[i] = 255;
+            vMask[i] = bSelected ? 255 : 0;
     }
+    return true;
 }
 
-void ShrinkMask(std::vector<BYTE>& vMask, int iWidth, int iPixels)
+} // namespace
+
+bool GrowMask(std::vector<std::uint8_t>& vMask, int iWidth, int iPixels, CProgress& progress)
 {
-    const CDistances distances(vMask, iWidth, false);
-    for (std::size_t i = 0; i < vMask.size(); ++i)
-    {
-        if (distances.IsWithin(i, iPixels))
-            vMask[i] = 0;
-    }
+    return SetNear(vMask, iWidth, iPixels, true, progress);
+}
+
+bool ShrinkMask(std::vector<std::uint8_t>& vMask, int iWidth, int iPixels, CProgress& progress)
+{
+    return SetNear(vMask, iWidth, iPixels, false, progress);
 }
