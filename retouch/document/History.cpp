@@ -1,4 +1,4 @@
-#include "retouch/History.h"
+#include "document/History.h"
 
 #include <cstring>
 
@@ -25,13 +25,20 @@ void CHistory::Reset(State state)
     m_vStates.clear();
     m_vStates.push_back(std::move(state));
     m_iCurrent = 0;
+    ++m_uRevision;
+}
+
+bool CHistory::SelectsSame(const State& one, const State& other)
+{
+    return one.mask.IsSameAs(other.mask) && SameRects(one.vSelected, other.vSelected);
 }
 
 bool CHistory::Add(State state)
 {
     const State& now = Current();
-    if (state.pixels.IsSameAs(now.pixels) && state.mask.IsSameAs(now.mask) && SameRects(state.vSelected, now.vSelected))
+    if (state.pixels.IsSameAs(now.pixels) && SelectsSame(state, now))
         return false;
+    ++m_uRevision;
     m_vStates.resize(m_iCurrent + 1);
     m_vStates.push_back(std::move(state));
     ++m_iCurrent;
@@ -62,12 +69,18 @@ void CHistory::ForgetOldest()
     }
 }
 
-const CHistory::State* CHistory::Back() { return m_iCurrent > 0 ? &m_vStates[--m_iCurrent] : nullptr; }
-
-const CHistory::State* CHistory::Forth()
+const CHistory::State* CHistory::Go(std::size_t iState)
 {
-    return m_iCurrent + 1 < m_vStates.size() ? &m_vStates[++m_iCurrent] : nullptr;
+    if (iState >= m_vStates.size())
+        return nullptr;
+    m_iCurrent = iState;
+    ++m_uRevision;
+    return &Current();
 }
+
+const CHistory::State* CHistory::Back() { return m_iCurrent > 0 ? Go(m_iCurrent - 1) : nullptr; }
+
+const CHistory::State* CHistory::Forth() { return Go(m_iCurrent + 1); }
 
 std::string CHistory::ForthName() const
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "retouch/TiledSnapshot.h"
+#include "document/TiledSnapshot.h"
 
 #include <deque>
 #include <string>
@@ -24,6 +24,12 @@ public:
     /// Adds what came of a step, and forgets the steps that were undone; FALSE, and nothing, when nothing changed.
     bool Add(State state);
 
+    /// Another number after every change of what is current, so that who remembers one knows whether there was any.
+    unsigned Revision() const { return m_uRevision; }
+
+    /// Whether two states select the same because nothing changed it between them.
+    static bool SelectsSame(const State& one, const State& other);
+
     /// Gives every state that has no pixels yet, because nothing had changed them, these.
     void FillPixels(const CTiledSnapshot& pixels);
 
@@ -38,7 +44,9 @@ public:
 
 private:
     void ForgetOldest();
+    const State* Go(std::size_t iState);
 
     std::deque<State> m_vStates{1};
     std::size_t m_iCurrent = 0;
+    unsigned m_uRevision = 0;
 };

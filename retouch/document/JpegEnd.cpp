@@ -1,4 +1,4 @@
-#include "retouch/JpegEnd.h"
+#include "document/JpegEnd.h"
 
 #include <optional>
 

@@ -1,4 +1,4 @@
-#include "retouch/PngFile.h"
+#include "document/PngFile.h"
 
 #include <QImageWriter>
 

@@ -1,6 +1,4 @@
-#include "retouch/Photo.h"
-
-#include "retouch/JpegEnd.h"
+#include "document/Photo.h"
 
 #include <cstring>
 #include <new>
@@ -37,22 +35,27 @@ std::optional<QByteArray> ReadFile(const std::string& strPath, std::string& strR
     return file.readAll();
 }
 
-std::optional<QImage> Decode(QByteArray bytes, std::string& strReason)
+std::optional<PictureFormat> FormatOf(const QImageReader& reader)
 {
-    const std::span vBytes(reinterpret_cast<const unsigned char*>(bytes.constData()),
-                           static_cast<std::size_t>(bytes.size()));
-    if (LooksLikeJpeg(vBytes) && !IsCompleteJpeg(vBytes))
-    {
-        strReason = "is broken: the end of the picture is missing";
-        return std::nullopt;
-    }
+    if (reader.format() == "jpeg")
+        return PictureFormat::Jpeg;
+    if (reader.format() == "png")
+        return PictureFormat::Png;
+    if (reader.format() == "tiff")
+        return PictureFormat::Tiff;
+    return std::nullopt;
+}
+
+std::optional<QImage> Decode(QByteArray bytes, const std::string& strPath, PhotoOrigin& origin, std::string& strReason)
+{
     QBuffer buffer(&bytes);
     QImageReader::setAllocationLimit(MOST_MEGABYTES);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
-    if (reader.format() != "jpeg" && reader.format() != "png")
+    const auto format = FormatOf(reader);
+    if (!format)
     {
-        strReason = "is not a JPEG or PNG picture";
+        strReason = "is not a JPEG, PNG or TIFF picture";
         return std::nullopt;
     }
     if (qint64{reader.size().width()} * reader.size().height() > MOST_PIXELS)
@@ -62,7 +65,10 @@ std::optional<QImage> Decode(QByteArray bytes, std::string& strReason)
     }
     QImage image = reader.read();
     if (!image.isNull())
+    {
+        origin = OriginOf(strPath, bytes, *format, image);
         return image;
+    }
     strReason = "is broken: " + reader.errorString().toStdString();
     return std::nullopt;
 }
@@ -80,14 +86,20 @@ QImage Flattened(QImage image)
 
 } // namespace
 
-CPhoto::CPhoto(int cx, int cy) : m_vPixels(static_cast<std::size_t>(cx) * cy * 4)
+CPhoto::CPhoto(int cx, int cy) : m_pixels(static_cast<std::size_t>(cx) * cy * 4)
 {
     m_info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
     m_info.bmiHeader.biWidth = cx;
     m_info.bmiHeader.biHeight = cy;
     m_info.bmiHeader.biPlanes = 1;
     m_info.bmiHeader.biBitCount = 32;
-    m_info.bmiHeader.biSizeImage = static_cast<DWORD>(m_vPixels.size());
+    m_info.bmiHeader.biSizeImage = static_cast<DWORD>(m_pixels.Size());
+}
+
+PixelView CPhoto::ViewOf(CLargeBuffer& pixels) const
+{
+    const auto nRow = static_cast<std::ptrdiff_t>(RowBytes());
+    return {pixels.Data() + nRow * (Height() - 1), Width(), Height(), -nRow};
 }
 
 std::optional<CPhoto> CPhoto::Load(const std::string& strPath, std::string& strError)
@@ -95,7 +107,8 @@ try
 {
     std::string strReason;
     std::optional<QByteArray> bytes = ReadFile(strPath, strReason);
-    std::optional<QImage> image = bytes ? Decode(std::move(*bytes), strReason) : std::nullopt;
+    PhotoOrigin origin;
+    std::optional<QImage> image = bytes ? Decode(std::move(*bytes), strPath, origin, strReason) : std::nullopt;
     if (!image)
     {
         strError = strPath + ": " + strReason;
@@ -103,6 +116,7 @@ try
     }
     const QImage flat = Flattened(std::move(*image));
     CPhoto photo(flat.width(), flat.height());
+    photo.SetOrigin(std::move(origin));
     for (int y = 0; y < flat.height(); ++y)
         std::memcpy(photo.Row(y), flat.constScanLine(y), static_cast<std::size_t>(flat.width()) * 4);
     return photo;

@@ -22,6 +22,9 @@ public:
     /// Puts the bytes back, as many as were taken.
     void Restore(std::span<BYTE> vBytes) const;
 
+    /// Copies some pixels of 4 bytes of one row, by their columns, one after the other. Any thread.
+    void PickPixels(std::size_t iRow, std::span<const int> vColumns, BYTE* pPixels) const;
+
     /// Whether both hold the same bytes because nothing changed between them.
     bool IsSameAs(const CTiledSnapshot& other) const;
 

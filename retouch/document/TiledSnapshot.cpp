@@ -1,21 +1,45 @@
-#include "retouch/TiledSnapshot.h"
+#include "document/TiledSnapshot.h"
+
+#include "pixels/Bands.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
+#include <new>
 
 CTiledSnapshot::CTiledSnapshot(std::span<const BYTE> vBytes, std::size_t nRow, const CTiledSnapshot& earlier)
     : m_nRow(nRow), m_nRows(nRow ? vBytes.size() / nRow : 0)
 {
     const std::size_t nTiles = TilesAcross() * ((m_nRows + SIDE - 1) / SIDE);
     const bool bSameSize = earlier.m_nRow == m_nRow && earlier.m_nRows == m_nRows;
-    for (std::size_t i = 0; i < nTiles; ++i)
+    m_vTiles.resize(nTiles);
+    std::atomic<bool> bShortOfMemory = false;
+    const auto take = [&](int iFirst, int iEnd)
     {
-        const Area area = AreaOf(i);
-        if (bSameSize && Matches(*earlier.m_vTiles[i], area, vBytes.data()))
-            m_vTiles.push_back(earlier.m_vTiles[i]);
-        else
-            m_vTiles.push_back(std::make_shared<const Tile>(Take(area, vBytes.data())));
-    }
+        for (auto i = static_cast<std::size_t>(iFirst); i < static_cast<std::size_t>(iEnd); ++i)
+        {
+            const Area area = AreaOf(i);
+            if (bSameSize && Matches(*earlier.m_vTiles[i], area, vBytes.data()))
+                m_vTiles[i] = earlier.m_vTiles[i];
+            else
+                m_vTiles[i] = std::make_shared<const Tile>(Take(area, vBytes.data()));
+        }
+    };
+    CProgress progress;
+    ForBands(static_cast<int>(nTiles), progress,
+             [&](int iFirst, int iEnd)
+             {
+                 try
+                 {
+                     take(iFirst, iEnd);
+                 }
+                 catch (const std::bad_alloc&)
+                 {
+                     bShortOfMemory = true;
+                 }
+             });
+    if (bShortOfMemory)
+        throw std::bad_alloc();
 }
 
 CTiledSnapshot::Area CTiledSnapshot::AreaOf(std::size_t iTile) const
@@ -65,6 +89,21 @@ void CTiledSnapshot::Restore(std::span<BYTE> vBytes) const
             else
                 std::memcpy(pRow, tile.data() + y * area.nBytes, area.nBytes);
         }
+    }
+}
+
+void CTiledSnapshot::PickPixels(std::size_t iRow, std::span<const int> vColumns, BYTE* pPixels) const
+{
+    for (const int iColumn : vColumns)
+    {
+        const std::size_t iByte = static_cast<std::size_t>(iColumn) * 4;
+        const std::size_t iTile = iRow / SIDE * TilesAcross() + iByte / SIDE;
+        const Tile& tile = *m_vTiles[iTile];
+        if (tile.size() == 1)
+            std::memset(pPixels, tile.front(), 4);
+        else
+            std::memcpy(pPixels, tile.data() + iRow % SIDE * AreaOf(iTile).nBytes + iByte % SIDE, 4);
+        pPixels += 4;
     }
 }
 

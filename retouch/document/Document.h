@@ -1,0 +1,54 @@
+#pragma once
+
+#include "document/History.h"
+#include "document/Photo.h"
+
+#include <optional>
+
+/// A photo, its pixels as they were opened, and what it and its selection were after each step. User-interface thread,
+/// but for PixelsAfter.
+class CDocument
+{
+public:
+    /// The photo; NULL before the first was opened.
+    CPhoto* Photo() { return m_photo ? &*m_photo : nullptr; }
+
+    /// The photo's file; empty for one that has none.
+    const std::string& Path() const { return m_strPath; }
+
+    /// How many photos there have been.
+    unsigned PhotoCount() const { return m_uPhotos; }
+
+    CHistory& History() { return m_history; }
+    const CHistory& History() const { return m_history; }
+
+    /// The pixels as they were opened; NULL while nothing has changed them.
+    const CTiledSnapshot* Original() const { return m_original ? &*m_original : nullptr; }
+
+    /// Starts with another photo. Returns the old one, whose pixels a view may still show.
+    std::optional<CPhoto> Replace(CPhoto photo, std::string strPath);
+
+    /// New pixels of the photo with what the history keeps of them.
+    struct Pixels
+    {
+        CLargeBuffer buffer;
+        CTiledSnapshot original; ///< The pixels before, if they were the ones that were opened.
+        CTiledSnapshot now;
+    };
+
+    /// What the history keeps of changed pixels. Any thread, while nothing else changes the document.
+    Pixels PixelsAfter(CLargeBuffer changed);
+
+    /// Takes new pixels over as a step; the buffer with the old ones comes back. FALSE when they are no others.
+    bool Commit(Pixels& pixels, const std::string& strStep);
+
+    /// Puts a state's pixels back; FALSE when they are there.
+    bool Restore(const CHistory::State& state, const CTiledSnapshot& shown);
+
+private:
+    std::optional<CPhoto> m_photo;
+    std::string m_strPath;
+    unsigned m_uPhotos = 0;
+    std::optional<CTiledSnapshot> m_original;
+    CHistory m_history;
+};
