@@ -1,6 +1,6 @@
 #pragma once
 
-#include "retouch/Retoucher.h"
+#include "program/Retoucher.h"
 
 #include <string>
 

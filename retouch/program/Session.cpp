@@ -1,9 +1,9 @@
-#include "retouch/Session.h"
+#include "program/Session.h"
 
+#include "document/PngFile.h"
 #include "headless/HeadlessDesktop.h"
 #include "journal/JournalPlayer.h"
-#include "retouch/PngFile.h"
-#include "retouch/Retoucher.h"
+#include "program/Retoucher.h"
 #include "user/Window.h"
 
 #include <fstream>
@@ -35,6 +35,8 @@ public:
             // What was refused then must be refused now, and nothing else.
             if (strCommand == REFUSED_COMMAND || bRefused)
                 return std::exchange(bRefused, false) == (strCommand == REFUSED_COMMAND);
+            if (strCommand.starts_with("save"))
+                return true; // A replay writes no photos.
             const bool bReplaced = !strPhoto.empty() && strCommand.starts_with("open");
             bRefused =
                 !host.Execute(strCommand) && !retoucher.Execute(bReplaced ? "open " + strPhoto : strCommand, strError);

@@ -1,7 +1,7 @@
-#include "retouch/Tour.h"
+#include "program/Tour.h"
 
+#include "document/PngFile.h"
 #include "headless/HeadlessDesktop.h"
-#include "retouch/PngFile.h"
 #include "user/Input.h"
 #include "user/Window.h"
 

@@ -1,0 +1,105 @@
+#include "program/Command.h"
+
+#include "program/CommandText.h"
+#include "program/Message.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace
+{
+
+using Value = Values::value_type;
+
+std::string Range(const Argument& argument)
+{
+    return Message(QT_TRANSLATE_NOOP("Program", "from %1 to %2"),
+                   {std::to_string(argument.iLeast), std::to_string(argument.iMost)});
+}
+
+std::string OneOf(const Argument& argument)
+{
+    std::string strWords;
+    for (const std::string& strWord : argument.vWords)
+        strWords += (strWords.empty() ? "" : "|") + strWord;
+    return strWords;
+}
+
+std::optional<Value> ReadNumber(const Argument& argument, const std::string& strWord, std::string& strError)
+{
+    int iNumber = 0;
+    const char* const pEnd = strWord.data() + strWord.size();
+    const auto [pRead, error] = std::from_chars(strWord.data(), pEnd, iNumber);
+    if (error == std::errc() && pRead == pEnd && iNumber >= argument.iLeast && iNumber <= argument.iMost)
+        return iNumber;
+    strError = Message(QT_TRANSLATE_NOOP("Program", "\"%1\" is no number %2"), {strWord, Range(argument)});
+    return std::nullopt;
+}
+
+std::optional<Value> ReadWord(const Argument& argument, const std::string& strWord, std::string& strError)
+{
+    if (std::ranges::find(argument.vWords, strWord) != argument.vWords.end())
+        return strWord;
+    strError = Message(QT_TRANSLATE_NOOP("Program", "\"%1\" is none of %2"), {strWord, OneOf(argument)});
+    return std::nullopt;
+}
+
+std::optional<Value> TakeValue(const Argument& argument, std::string& strRest, std::string& strError)
+{
+    if (strRest.empty())
+    {
+        strError = Message(QT_TRANSLATE_NOOP("Program", "%1 is missing"), {argument.pszName});
+        return std::nullopt;
+    }
+    // A name without quotes may have blanks in it.
+    const bool bRest = argument.eKind == Argument::Kind::Path && strRest.front() != '"' && strRest.front() != '\'';
+    const std::optional<std::string> strWord =
+        bRest ? std::exchange(strRest, std::string()) : TakeWord(strRest, strError);
+    if (!strWord || argument.eKind == Argument::Kind::Path)
+        return strWord;
+    return argument.eKind == Argument::Kind::Number ? ReadNumber(argument, *strWord, strError)
+                                                    : ReadWord(argument, *strWord, strError);
+}
+
+} // namespace
+
+std::optional<CommandCall> ParseCommand(const std::vector<Command>& vCommands, const std::string& strText,
+                                        std::string& strError)
+{
+    std::string strRest = strText;
+    const std::optional<std::string> strWord = TakeWord(strRest, strError);
+    if (!strWord)
+        return std::nullopt;
+    const auto it = std::ranges::find(vCommands, *strWord, &Command::strWord);
+    if (it == vCommands.end())
+    {
+        strError = Message(QT_TRANSLATE_NOOP("Program", "there is no command \"%1\""), {*strWord});
+        return std::nullopt;
+    }
+    CommandCall call = {&*it, {}};
+    for (const Argument& argument : it->vArguments)
+    {
+        std::optional<Value> value = TakeValue(argument, strRest, strError);
+        if (!value)
+            return std::nullopt;
+        call.vValues.push_back(std::move(*value));
+    }
+    if (strRest.empty())
+        return call;
+    strError = Message(QT_TRANSLATE_NOOP("Program", "\"%1\" is one argument too many"), {strRest});
+    return std::nullopt;
+}
+
+std::string DescribeCommand(const Command& command)
+{
+    std::string strLine = command.strWord;
+    std::string strRanges;
+    for (const Argument& argument : command.vArguments)
+    {
+        const bool bWords = argument.eKind == Argument::Kind::Word;
+        strLine += " " + (bWords ? OneOf(argument) : std::string(argument.pszName));
+        if (argument.eKind == Argument::Kind::Number && argument.iMost < Argument::ANY)
+            strRanges += (strRanges.empty() ? "   " : ", ") + std::string(argument.pszName) + " " + Range(argument);
+    }
+    return strLine + strRanges;
+}

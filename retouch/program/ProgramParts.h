@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/framework.h"
+
+#include <functional>
+#include <optional>
+
+class CDocument;
+class CJobs;
+class CPresenter;
+class CSelection;
+class CToolBox;
+class CViewHost;
+
+namespace Pixtane
+{
+class CPixtane;
+}
+
+/// The last selection by colour, which counts for as long as nothing else has changed the document.
+struct LastPick
+{
+    CPoint ptBitmap;
+    bool bRange;        ///< A colour range, otherwise the wand.
+    bool bStep;         ///< It changed something.
+    unsigned uRevision; ///< The history's right after it.
+};
+
+/// What the program consists of, for its commands, tools and jobs. The window knows none of it.
+struct ProgramParts
+{
+    CViewHost& host;
+    Pixtane::CPixtane& view;
+    CDocument& document;
+    CPresenter& presenter;
+    CSelection& selection;
+    CToolBox& tools;
+    std::optional<LastPick> lastPick = {};
+
+    /// Is called when another photo has come.
+    std::function<void()> photoShown = {};
+
+    /// Tells whoever shows the program's state that it has changed.
+    std::function<void()> changed = {};
+};

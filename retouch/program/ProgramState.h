@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/framework.h"
+
+#include <map>
+#include <optional>
+#include <string>
+
+/// What the window shows of the program, as it was at a moment. Words are those of the commands; names of steps, jobs
+/// and hints are yet to be translated (contexts "History" and "Tool").
+struct ProgramState
+{
+    // The photo.
+    std::string strPath; ///< Empty for one that is no file.
+    CSize szPhoto;       ///< 0 x 0 without one.
+    unsigned uPhotos;    ///< How many have been shown so far.
+    std::string strUndo; ///< What would be undone or done again; empty for nothing.
+    std::string strRedo;
+
+    // The tool.
+    std::string strTool;
+    std::string strHint;
+    std::map<std::string, int> vOptions; ///< The values of all options.
+    bool bInSession;                     ///< Something with an end of its own is under way, like a transform.
+    std::optional<CRect> frame;          ///< Its rectangle, bitmap pixels, if a person may place that by numbers.
+
+    // The selection.
+    CRect rcSelection; ///< Its box in bitmap pixels; empty for none.
+    bool bOutlineHidden;
+    bool bOutlineStill;
+    bool bTinted;
+
+    /// The work that is under way.
+    struct Work
+    {
+        std::string strName;
+        int iPercent;
+    };
+    std::optional<Work> work;
+};
+
+class CJobs;
+struct ProgramParts;
+
+/// The state of a program. User-interface thread.
+ProgramState StateOf(const ProgramParts& parts, const CJobs& jobs);

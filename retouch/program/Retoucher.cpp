@@ -1,0 +1,84 @@
+#include "program/Retoucher.h"
+
+#include "program/ColourPick.h"
+#include "program/HeldHand.h"
+#include "program/LongWork.h"
+#include "view/Notifications.h"
+
+#include <utility>
+
+CRetoucher::CRetoucher(CViewHost& host, LongWork eLongWork)
+    : m_host(host), m_runner(m_parts, eLongWork == LongWork::InBackground, [this] { CommitSelection(); })
+{
+    m_parts.changed = [this] { Tell(); };
+    m_parts.photoShown = [this] { m_strPending.clear(); };
+    m_runner.Jobs().SetListener([this](const std::string& strError) { Tell(strError); });
+    m_vSubscriptions = {m_host.Listen([this](UINT uCode, CPoint) { return OnNotified(uCode); }),
+                        m_host.ListenToKeys([this](UINT uKey, bool bDown) { OnKey(uKey, bDown); })};
+    m_tools.LoadChosen();
+}
+
+CRetoucher::~CRetoucher()
+{
+    m_vSubscriptions.clear();
+    m_parts.view.UnloadEmbeddedTool();
+    // The view shows the photo's pixels, which go before it.
+    m_parts.view.ClearBitmap(FALSE);
+}
+
+bool CRetoucher::TakeSettings(const char* pszSettings, const std::vector<BYTE>& vSettings)
+{
+    const std::vector<std::string> vCommands = m_tools.CommandsOf(pszSettings, vSettings);
+    std::string strError;
+    for (const std::string& strCommand : vCommands)
+        Execute(strCommand, strError);
+    return !vCommands.empty() && strError.empty();
+}
+
+void CRetoucher::ShowPhoto(CPhoto photo) { ::ShowPhoto(m_parts, std::move(photo), {}); }
+
+// ---- what the view tells
+
+LRESULT CRetoucher::OnNotified(UINT uCode)
+{
+    if (const char* const pszStep = CToolBox::StepNameOf(uCode))
+        m_strPending = pszStep;
+    // The hand shows the outline when it is let go.
+    if (uCode == Pixtane::PVN_IMAGEMOVER_END && m_selection.IsOutlineHidden())
+        m_parts.view.ShowSelection(FALSE);
+    if (uCode == Pixtane::PVN_DISPLAYCHANGED)
+        m_presenter.Update();
+    if (CToolSession* const pSession = m_tools.Session())
+        pSession->OnNotified(uCode);
+    CommitSelection();
+    return 0;
+}
+
+void CRetoucher::CommitSelection()
+{
+    // A drag that replaces the selection first clears it: one step, when the mouse is let go.
+    if (m_strPending.empty() || m_tools.IsGesture())
+        return;
+    const bool bStep = m_selection.AddStep(std::exchange(m_strPending, {}));
+    if (m_tools.Current().bPicksColour)
+        RememberWand(m_parts, bStep);
+    Tell();
+}
+
+void CRetoucher::OnKey(UINT uKey, bool bDown)
+{
+    CToolSession* const pSession = m_tools.Session();
+    if (pSession && !bDown)
+        pSession->OnKeyUp(uKey);
+    // While a shape is being drawn the space bar moves it, and is the tool's.
+    if (pSession || !bDown || uKey != VK_SPACE || m_tools.IsGesture() || m_tools.IsHand())
+        return;
+    std::string strError; // It always begins.
+    m_tools.BeginSession(MakeHeldHand(m_parts), strError);
+}
+
+void CRetoucher::Tell(const std::string& strError)
+{
+    if (m_Listener)
+        m_Listener(strError);
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "host/ViewHost.h"
+#include "program/CommandRunner.h"
+#include "program/CommandTable.h"
+#include "program/ProgramParts.h"
+#include "program/ProgramState.h"
+#include "program/Selection.h"
+#include "program/ToolBox.h"
+
+#include <string>
+
+/// The program without its window: the photo in a view, its tools and history, and everything a person can do with them
+/// as commands of one line of text. Menus, keys, recorded sessions, the tour and scripts all come through Execute; what
+/// there is to show is in State. User-interface thread.
+class CRetoucher
+{
+public:
+    /// Whether what takes long is done beside the event loop of Qt, or at once.
+    enum class LongWork
+    {
+        AtOnce,
+        InBackground,
+    };
+
+    /// The host must outlive it.
+    explicit CRetoucher(CViewHost& host, LongWork eLongWork = LongWork::AtOnce);
+    ~CRetoucher();
+    CRetoucher(const CRetoucher&) = delete;
+    CRetoucher& operator=(const CRetoucher&) = delete;
+
+    /// Carries a command out, like "open /home/me/photo.jpg" or "feather 5" (Commands() has them all). FALSE, with a
+    /// message for the person and nothing changed, when that is not possible. While a job runs commands wait for its
+    /// end, or end it, as their rows say, and with an event loop also for input that was made before them: what fails
+    /// later is told to the listener.
+    bool Execute(const std::string& strCommand, std::string& strError)
+    {
+        return m_runner.Execute(strCommand, strError);
+    }
+
+    /// Calls a function when no job runs, in its turn among the commands that wait; at once when none does.
+    void WhenIdle(std::function<void()> call) { m_runner.WhenIdle(std::move(call)); }
+    bool IsBusy() const { return m_runner.Jobs().IsBusy(); }
+
+    /// What a window shows of it all.
+    ProgramState State() const { return StateOf(m_parts, m_runner.Jobs()); }
+
+    /// Is told when the state has changed, with a message when something has failed that was done in the background.
+    using Listener = std::function<void(const std::string& strError)>;
+    void SetListener(Listener listener) { m_Listener = std::move(listener); }
+
+    /// Shows a photo that is no file: as opening one does, but it is not written down.
+    void ShowPhoto(CPhoto photo);
+
+    /// The photo, to look at; NULL before the first was opened.
+    CPhoto* Photo() { return m_document.Photo(); }
+
+    /// The settings kept under a name of the tools' rows, as the tool's own bytes, and back, as commands. FALSE for
+    /// bytes that the tool refuses.
+    std::vector<BYTE> Settings(const char* pszSettings) { return m_tools.Settings(pszSettings); }
+    bool TakeSettings(const char* pszSettings, const std::vector<BYTE>& vSettings);
+
+private:
+    LRESULT OnNotified(UINT uCode);
+    void OnKey(UINT uKey, bool bDown);
+    void CommitSelection();
+    void Tell(const std::string& strError = {});
+
+    CViewHost& m_host;
+    Listener m_Listener;
+    CDocument m_document;
+    CPresenter m_presenter{m_host.View(), m_document};
+    CSelection m_selection{m_host.View(), m_document, m_presenter};
+    CToolBox m_tools{m_host.View()};
+    ProgramParts m_parts{m_host, m_host.View(), m_document, m_presenter, m_selection, m_tools};
+    std::string m_strPending; ///< What the selection's change that is under way will be called; empty for none.
+    CCommandRunner m_runner;
+    std::vector<CViewHost::Subscription> m_vSubscriptions;
+};

@@ -1,0 +1,93 @@
+#pragma once
+
+#include "program/ToolSession.h"
+#include "view/EmbeddedTool.h"
+
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+class CToolBox;
+struct ProgramParts;
+
+// The rows that a tool consists of outside its own source. Texts that people read are marked with
+// QT_TRANSLATE_NOOP("Tool", ...), steps of the history with "History".
+
+/// A drawing in a square of 24 units: M, L (x y) and C (three points) draw lines, R and E (left top width height)
+/// rectangles and ellipses, Z closes.
+struct Icon
+{
+    enum class Style
+    {
+        Line,
+        Dashed, ///< Outlines of selections.
+        Merge,  ///< What is left of two overlapping squares.
+    };
+    const char* pszPath;
+    Style eStyle = Style::Line;
+};
+
+/// One of several buttons: a word in commands, what the person reads, and the key.
+struct Choice
+{
+    const char* pszWord;
+    const char* pszText;
+    const char* pszKey;
+    Icon icon;
+};
+
+/// A setting of a tool: a command of this word sets it, and the options bar shows it.
+struct ToolOption
+{
+    const char* pszWord;
+    const char* pszArgument; ///< The unit, as the list of commands shows it.
+    const char* pszLabel;
+    const char* pszSuffix;
+    const char* pszTip;
+    int iLeast;
+    int iMost;
+    std::vector<Choice> vChoices; ///< Unless empty, the value is one of these, counted from iLeast.
+    int (*pGet)(const CToolBox& tools);
+    void (*pSet)(ProgramParts& parts, int iValue);
+
+    /// A value as the command has it.
+    std::string Text(int iValue) const;
+};
+
+/// What the history calls the change that the view tells of.
+struct StepName
+{
+    UINT uCode;
+    const char* pszName;
+};
+
+/// A tool of the palette.
+struct Tool
+{
+    const char* pszWord;
+    const char* pszText;
+    const char* pszKey;
+    const char* pszHint;
+    Icon icon;
+    std::span<const UINT> vKeys; ///< Virtual codes of keys that go to the tool before the program's shortcuts.
+    std::span<const ToolOption> vOptions;
+    std::span<const StepName> vSteps;  ///< The notifications that make a step.
+    const char* pszSettings = nullptr; ///< The name that its settings are kept under; several tools may share it.
+    bool bPicksColour = false;         ///< A change of the tolerance repeats its last click.
+
+    /// Makes the library's tool ready for the view; NULL for a tool that is only there for one session.
+    Pixtane::CPixtane::IEmbeddedTool& (*pPrepare)(CToolBox& tools) = nullptr;
+
+    /// Makes the session that choosing it begins; NULL for a tool that stays.
+    std::unique_ptr<CToolSession> (*pBegin)(ProgramParts& parts) = nullptr;
+};
+
+/// All tools in the order of the palette, the first of them chosen at first.
+std::span<const Tool> Tools();
+
+/// The row of a word; NULL when there is none.
+const Tool* FindTool(const std::string& strWord);
+
+/// All options of all tools, each once.
+std::vector<const ToolOption*> ToolOptions();

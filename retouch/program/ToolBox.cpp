@@ -1,0 +1,106 @@
+#include "program/ToolBox.h"
+
+#include <algorithm>
+#include <utility>
+
+CToolBox::~CToolBox() { m_view.UnloadEmbeddedTool(); }
+
+bool CToolBox::Choose(const Tool& tool, ProgramParts& parts, std::string& strError)
+{
+    EndMiddle(true);
+    if (tool.pBegin)
+        return BeginSession(tool.pBegin(parts), strError, &tool);
+    m_pChosen = &tool;
+    LoadChosen();
+    return true;
+}
+
+void CToolBox::LoadChosen()
+{
+    if (IsGesture())
+        ::ReleaseCapture();
+    m_view.LoadEmbeddedTool(m_pChosen->pPrepare(*this));
+}
+
+bool CToolBox::BeginSession(std::unique_ptr<CToolSession> pSession, std::string& strError, const Tool* pTool)
+{
+    EndSession(false);
+    if (!pSession->Begin(strError))
+    {
+        LoadChosen();
+        return false;
+    }
+    m_pSession = std::move(pSession);
+    m_pSessionTool = pTool;
+    return true;
+}
+
+void CToolBox::EndSession(bool bApply)
+{
+    m_pSessionTool = nullptr;
+    if (const auto pSession = std::exchange(m_pSession, nullptr))
+        pSession->End(bApply);
+}
+
+void CToolBox::EndMiddle(bool bApply)
+{
+    if (IsGesture())
+        ::ReleaseCapture();
+    EndSession(bApply);
+}
+
+const char* CToolBox::StepNameOf(UINT uCode)
+{
+    for (const Tool& tool : Tools())
+    {
+        const auto it = std::ranges::find(tool.vSteps, uCode, &StepName::uCode);
+        if (it != tool.vSteps.end())
+            return it->pszName;
+    }
+    return nullptr;
+}
+
+// ---- settings
+
+Pixtane::CPixtane::IEmbeddedTool& CToolBox::Keeper(const char* pszSettings)
+{
+    const auto keeps = [=](const Tool& tool)
+    { return tool.pszSettings && std::string(tool.pszSettings) == pszSettings; };
+    // The chosen tool stays ready, whose tool may be the same.
+    auto& keeper = std::ranges::find_if(Tools(), keeps)->pPrepare(*this);
+    m_pChosen->pPrepare(*this);
+    return keeper;
+}
+
+std::vector<BYTE> CToolBox::Settings(const char* pszSettings)
+{
+    std::vector<BYTE> vSettings;
+    Keeper(pszSettings).SerializeToolSettings(vSettings);
+    return vSettings;
+}
+
+std::vector<std::string> CToolBox::CommandsOf(const char* pszSettings, const std::vector<BYTE>& vSettings)
+{
+    auto& keeper = Keeper(pszSettings);
+    const std::vector<BYTE> vBefore = Settings(pszSettings);
+    if (!keeper.UnserializeToolSettings(vSettings))
+        return {};
+    std::vector<std::string> vCommands;
+    for (const ToolOption* pOption : ToolOptions())
+    {
+        const bool bOwn = std::ranges::any_of(Tools(),
+                                              [&](const Tool& tool)
+                                              {
+                                                  return tool.pszSettings &&
+                                                         pszSettings == std::string(tool.pszSettings) &&
+                                                         !tool.vOptions.empty() && &tool.vOptions.front() <= pOption &&
+                                                         pOption <= &tool.vOptions.back();
+                                              });
+        const int iValue = pOption->pGet(*this);
+        if (bOwn && iValue >= pOption->iLeast && iValue <= pOption->iMost)
+            vCommands.push_back(std::string(pOption->pszWord) + " " + pOption->Text(iValue));
+    }
+    keeper.UnserializeToolSettings(vBefore);
+    m_pChosen->pPrepare(*this);
+    return vCommands;
+}

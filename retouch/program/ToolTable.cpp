@@ -1,0 +1,200 @@
+#include "program/ColourPick.h"
+#include "program/Limits.h"
+#include "program/Tool.h"
+#include "program/ToolBox.h"
+#include "program/Transform.h"
+#include "selection/RegionSelector.h"
+#include "tools/ImageMover.h"
+#include "view/Notifications.h"
+
+#include <algorithm>
+#include <QtGlobal>
+
+namespace
+{
+
+using Pixtane::EmbeddedTool::ImageMover;
+using Pixtane::EmbeddedTool::RegionSelector;
+using Embedded = Pixtane::CPixtane::IEmbeddedTool;
+
+constexpr UINT KEYS[] = {VK_SPACE, VK_DELETE, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN};
+
+constexpr StepName SELECTION_STEPS[] = {
+    {Pixtane::PVN_SELECT_NEW, QT_TRANSLATE_NOOP("History", "Select")},
+    {Pixtane::PVN_SELECT_ADD, QT_TRANSLATE_NOOP("History", "Add to Selection")},
+    {Pixtane::PVN_SELECT_SUBTRACT, QT_TRANSLATE_NOOP("History", "Subtract from Selection")},
+    {Pixtane::PVN_SELECT_INTERSECT, QT_TRANSLATE_NOOP("History", "Intersect Selection")},
+    {Pixtane::PVN_SELECTION_CLEARED, QT_TRANSLATE_NOOP("History", "Deselect")},
+    {Pixtane::PVN_SELECTION_INVERTED, QT_TRANSLATE_NOOP("History", "Invert Selection")},
+    {Pixtane::PVN_SELECTION_MOVED, QT_TRANSLATE_NOOP("History", "Move Selection")},
+};
+
+const RegionSelector& Selector(const CToolBox& tools) { return tools.Embedded<RegionSelector>(); }
+RegionSelector& Selector(ProgramParts& parts) { return parts.tools.Embedded<RegionSelector>(); }
+
+const std::vector<Choice> RULES = {
+    {"new", QT_TRANSLATE_NOOP("Tool", "New selection"), "1", {"R 10 10 10 10", Icon::Style::Merge}},
+    {"add", QT_TRANSLATE_NOOP("Tool", "Add to selection"), "2", {"R 4 4 10 10 R 10 10 10 10", Icon::Style::Merge}},
+    {"subtract",
+     QT_TRANSLATE_NOOP("Tool", "Subtract from selection"),
+     "3",
+     {"M 4 4 L 14 4 L 14 10 L 10 10 L 10 14 L 4 14 Z", Icon::Style::Merge}},
+    {"intersect", QT_TRANSLATE_NOOP("Tool", "Intersect with selection"), "4", {"R 10 10 4 4", Icon::Style::Merge}},
+};
+
+const ToolOption SELECTOR_OPTIONS[] = {
+    {"rule", "RULE", "", "", "", RegionSelector::OM_NEW, RegionSelector::OM_INTERSECT, RULES,
+     [](const CToolBox& tools) -> int { return Selector(tools).GetSelectOverlapMode(); },
+     [](ProgramParts& parts, int iRule)
+     { Selector(parts).SetSelectOverlapMode(static_cast<RegionSelector::emOverlapMode>(iRule)); }},
+    {"feather",
+     "PIXELS",
+     QT_TRANSLATE_NOOP("Tool", " &Feather "),
+     QT_TRANSLATE_NOOP("Tool", " px"),
+     QT_TRANSLATE_NOOP("Tool", "How soft the edge of new shapes is"),
+     0,
+     MOST_PIXELS,
+     {},
+     [](const CToolBox& tools) { return Selector(tools).GetFeatherRadius(); },
+     [](ProgramParts& parts, int iPixels) { Selector(parts).SetFeatherRadius(iPixels); }},
+    {"tolerance",
+     "LEVELS",
+     QT_TRANSLATE_NOOP("Tool", "  &Tolerance "),
+     "",
+     QT_TRANSLATE_NOOP("Tool", "How far colours may differ for the magic wand and the colour range"),
+     0,
+     255,
+     {},
+     [](const CToolBox& tools) { return Selector(tools).GetTorlerance(); },
+     [](ProgramParts& parts, int iLevels)
+     {
+         Selector(parts).SetTorlerance(iLevels);
+         RepeatPick(parts);
+     }},
+};
+
+template<RegionSelector::emSelectMode MODE>
+Embedded& Shape(CToolBox& tools)
+{
+    auto& selector = tools.Embedded<RegionSelector>();
+    selector.SetSelectMode(MODE);
+    return selector;
+}
+
+Embedded& Hand(CToolBox& tools) { return tools.Embedded<ImageMover>(); }
+
+constexpr const char* SELECTOR_SETTINGS = "selectorSettings";
+constexpr const char* SHAPE_HINT = QT_TRANSLATE_NOOP("Tool", "Shift: equal sides, Space: move the shape");
+
+const Tool TOOLS[] = {
+    {"hand",
+     QT_TRANSLATE_NOOP("Tool", "Hand"),
+     "H",
+     QT_TRANSLATE_NOOP("Tool", "Drag to move the picture"),
+     {"M 6.5 13 C 4 10.5 5.5 9 8 11.5 L 8 6 L 8 5.5 C 8 3.9 10.4 3.9 10.4 5.5 L 10.4 11 L 10.75 11 L 10.75 4.5 "
+      "C 10.75 2.9 13.15 2.9 13.15 4.5 L 13.15 11 L 13.5 11 L 13.5 5.5 C 13.5 3.9 15.9 3.9 15.9 5.5 L 15.9 11 "
+      "L 16.25 11 L 16.25 7.5 C 16.25 5.9 18.65 5.9 18.65 7.5 L 18.65 11 L 19 11 L 18.65 15 C 18.65 21 11 22.5 9 18 Z"},
+     KEYS,
+     SELECTOR_OPTIONS,
+     {},
+     nullptr,
+     false,
+     &Hand},
+    {"rectangle",
+     QT_TRANSLATE_NOOP("Tool", "Rectangle"),
+     "M",
+     SHAPE_HINT,
+     {"R 3.5 5.5 17 13", Icon::Style::Dashed},
+     KEYS,
+     SELECTOR_OPTIONS,
+     SELECTION_STEPS,
+     SELECTOR_SETTINGS,
+     false,
+     &Shape<RegionSelector::SM_RECTANGLE>},
+    {"ellipse",
+     QT_TRANSLATE_NOOP("Tool", "Ellipse"),
+     "E",
+     SHAPE_HINT,
+     {"E 3.5 5.5 17 13", Icon::Style::Dashed},
+     KEYS,
+     SELECTOR_OPTIONS,
+     SELECTION_STEPS,
+     SELECTOR_SETTINGS,
+     false,
+     &Shape<RegionSelector::SM_ELLIPSE>},
+    {"lasso",
+     QT_TRANSLATE_NOOP("Tool", "Lasso"),
+     "L",
+     QT_TRANSLATE_NOOP("Tool", "Alt goes on as a polygon"),
+     {"E 3 4 18 11 M 7 14 C 5 16 9 17 7 21"},
+     KEYS,
+     SELECTOR_OPTIONS,
+     SELECTION_STEPS,
+     SELECTOR_SETTINGS,
+     false,
+     &Shape<RegionSelector::SM_LASSO>},
+    {"polygon",
+     QT_TRANSLATE_NOOP("Tool", "Polygon"),
+     "P",
+     QT_TRANSLATE_NOOP("Tool", "Double click or Ctrl closes, Delete takes a corner back"),
+     {"M 4 8 L 12 4 L 20 7 L 17 19 L 9 14 L 5 19 L 4 8"},
+     KEYS,
+     SELECTOR_OPTIONS,
+     SELECTION_STEPS,
+     SELECTOR_SETTINGS,
+     false,
+     &Shape<RegionSelector::SM_POLYGON>},
+    {"wand",
+     QT_TRANSLATE_NOOP("Tool", "Magic wand"),
+     "W",
+     QT_TRANSLATE_NOOP("Tool", "Click a colour; the tolerance changes what was picked last"),
+     {"M 10 10 L 20 20 M 3.8 7 L 10.2 7 M 7 3.8 L 7 10.2 M 12.2 5 L 15.8 5 M 14 3.2 L 14 6.8 M 3.2 14 L 6.8 14 "
+      "M 5 12.2 L 5 15.8"},
+     KEYS,
+     SELECTOR_OPTIONS,
+     SELECTION_STEPS,
+     SELECTOR_SETTINGS,
+     true,
+     &Shape<RegionSelector::SM_MAGICWAND>},
+    {"transform",
+     QT_TRANSLATE_NOOP("Tool", "Transform the selection"),
+     "T",
+     QT_TRANSLATE_NOOP("Tool", "Drag inside or by a handle, or the arrow keys; Enter applies, Esc puts back"),
+     {"R 4.5 6.5 15 11 R 2.5 4.5 4 4 R 17.5 4.5 4 4 R 2.5 15.5 4 4 R 17.5 15.5 4 4"},
+     KEYS,
+     {},
+     {},
+     nullptr,
+     false,
+     nullptr,
+     &MakeTransform},
+};
+
+} // namespace
+
+std::span<const Tool> Tools() { return TOOLS; }
+
+const Tool* FindTool(const std::string& strWord)
+{
+    const auto it = std::ranges::find(TOOLS, strWord, &Tool::pszWord);
+    return it == std::end(TOOLS) ? nullptr : &*it;
+}
+
+std::vector<const ToolOption*> ToolOptions()
+{
+    std::vector<const ToolOption*> vOptions;
+    for (const Tool& tool : TOOLS)
+    {
+        for (const ToolOption& option : tool.vOptions)
+        {
+            if (std::ranges::find(vOptions, &option) == vOptions.end())
+                vOptions.push_back(&option);
+        }
+    }
+    return vOptions;
+}
+
+std::string ToolOption::Text(int iValue) const
+{
+    return vChoices.empty() ? std::to_string(iValue) : vChoices[static_cast<std::size_t>(iValue - iLeast)].pszWord;
+}
