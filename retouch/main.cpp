@@ -1,11 +1,15 @@
+#include "document/SamplePicture.h"
 #include "headless/HeadlessDesktop.h"
 #include "journal/JournalWriter.h"
+#include "program/Batch.h"
+#include "program/CommandTable.h"
+#include "program/Session.h"
+#include "program/Tour.h"
 #include "qt/PixtaneQt.h"
-#include "retouch/MainWindow.h"
-#include "retouch/SamplePicture.h"
-#include "retouch/Session.h"
-#include "retouch/Tour.h"
+#include "window/MainWindow.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
@@ -94,6 +98,20 @@ int Tour(const QCommandLineParser& options)
     return photo ? PlayTour(std::move(*photo), options.value("tour").toStdString()) : Fail(strError);
 }
 
+int Do(const QCommandLineParser& options)
+{
+    std::string strError;
+    const std::string strPhoto = options.positionalArguments().value(0).toStdString();
+    return DoCommands(options.value("do").toStdString(), strPhoto, strError) ? 0 : Fail(strError);
+}
+
+int ListCommands()
+{
+    for (const Command& command : Commands())
+        std::cout << DescribeCommand(command) << "\n";
+    return 0;
+}
+
 /// The command line, before the kind of application is chosen; ends the program for mistakes.
 void Parse(QCommandLineParser& parser, const QStringList& vArguments)
 {
@@ -105,23 +123,37 @@ void Parse(QCommandLineParser& parser, const QStringList& vArguments)
                       "Plays a recorded session without a display, writes its last picture beside <file> and "
                       "compares it with what was recorded.",
                       "file"});
+    parser.addOption({"do",
+                      "Carries out <commands>, separated by semicolons, on the photo without a display. Quotes keep "
+                      "blanks and semicolons together.",
+                      "commands"});
+    parser.addOption({"commands", "Lists the commands with their arguments."});
     parser.addPositionalArgument("photo", "A JPEG or PNG file; the bundled sample picture without it.", "[photo]");
     if (!parser.parse(vArguments))
         std::exit(Fail(parser.errorText().toStdString()));
-    if (parser.isSet("tour") + parser.isSet("record") + parser.isSet("replay") > 1)
-        std::exit(Fail("--tour, --record and --replay do not go together"));
+    int nModes = 0;
+    for (const char* const pszMode : {"tour", "record", "replay", "do", "commands"})
+        nModes += parser.isSet(pszMode);
+    if (nModes > 1)
+        std::exit(Fail("--tour, --record, --replay, --do and --commands do not go together"));
+    if (parser.isSet("do") && parser.positionalArguments().size() > 1)
+        std::exit(Fail("one photo at a time, not also " + parser.positionalArguments().at(1).toStdString()));
 }
 
 int Run(int argc, char** argv)
 {
     QCommandLineParser options;
     Parse(options, QStringList(argv, argv + argc));
-    const bool bWindow = !options.isSet("tour") && !options.isSet("replay") && !options.isSet("help");
-    if (bWindow)
+    const auto isSet = [&](const char* pszMode) { return options.isSet(pszMode); };
+    if (std::ranges::none_of(std::array{"tour", "replay", "do", "commands", "help"}, isSet))
         return RunWindow(argc, argv, options);
     const QCoreApplication application(argc, argv);
     if (options.isSet("help"))
         options.showHelp();
+    if (options.isSet("commands"))
+        return ListCommands();
+    if (options.isSet("do"))
+        return Do(options);
     return options.isSet("replay") ? Replay(options) : Tour(options);
 }
 

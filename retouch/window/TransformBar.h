@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/framework.h"
+#include "window/CommandBar.h"
 
 #include <array>
-#include <functional>
 #include <QToolBar>
 #include <string>
 
@@ -15,7 +15,7 @@ class CTransformBar : public QToolBar
 {
 public:
     /// execute gets a command for each number that is entered, and for Apply and Cancel.
-    CTransformBar(QWidget* pParent, std::function<void(const std::string& strCommand)> execute);
+    CTransformBar(QWidget* pParent, ExecuteCommand execute);
 
     /// Shows where the transform stands, in a photo of that size, without executing anything.
     void Show(const CRect& rc, CSize szPhoto);
@@ -27,7 +27,7 @@ private:
     void AddEnd(const QString& strText, const std::string& strCommand, const QList<QKeySequence>& vKeys);
     void Send();
 
-    std::function<void(const std::string& strCommand)> m_Execute;
+    ExecuteCommand m_Execute;
     std::array<QSpinBox*, 4> m_vNumbers = {}; ///< Left, top, width and height.
     bool m_bShowing = false;                  ///< The numbers follow the program, not the person.
 };

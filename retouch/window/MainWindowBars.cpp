@@ -1,39 +1,17 @@
+#include "program/Limits.h"
 #include "qt/PixtaneWidget.h"
-#include "retouch/BrightnessDialog.h"
-#include "retouch/CommandBar.h"
-#include "retouch/MainWindow.h"
-#include "retouch/TransformBar.h"
+#include "window/BrightnessDialog.h"
+#include "window/MainWindow.h"
+#include "window/OptionsBar.h"
+#include "window/TransformBar.h"
+#include "window/WorkBar.h"
 
 #include <algorithm>
+#include <QCoreApplication>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
-#include <QScopedValueRollback>
-#include <QSpinBox>
 #include <QStatusBar>
-
-namespace
-{
-
-constexpr int MOST_PIXELS = 500;
-
-/// What the keys do now, by tool.
-QString HintFor(const std::string& strTool)
-{
-    if (strTool == "hand")
-        return QObject::tr("Drag to move the picture");
-    if (strTool == "wand")
-        return QObject::tr("Click a colour; the tolerance changes what was picked last");
-    if (strTool == "transform")
-        return QObject::tr("Drag inside or by a handle, or the arrow keys; Enter applies, Esc puts back");
-    if (strTool == "lasso")
-        return QObject::tr("Alt goes on as a polygon");
-    if (strTool == "polygon")
-        return QObject::tr("Double click or Ctrl closes, Delete takes a corner back");
-    return QObject::tr("Shift: equal sides, Space: move the shape");
-}
-
-} // namespace
 
 void CMainWindow::MakeMenus()
 {
@@ -50,7 +28,9 @@ void CMainWindow::MakeFileMenu()
     pMenu->addAction(tr("&Open..."), QKeySequence::Open, this, &CMainWindow::ChooseFile);
     m_pRecentMenu = pMenu->addMenu(tr("Open &Recent"));
     connect(m_pRecentMenu, &QMenu::aboutToShow, this, &CMainWindow::FillRecentMenu);
-    pMenu->addAction(tr("Open &Sample Picture"), this, [this] { OpenFile({}); });
+    pMenu->addAction(tr("Open S&ample Picture"), this, [this] { OpenFile({}); });
+    pMenu->addSeparator();
+    pMenu->addAction(tr("&Save As..."), QKeySequence(tr("Ctrl+Shift+S")), this, &CMainWindow::SaveAs);
     pMenu->addSeparator();
     pMenu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 }
@@ -134,34 +114,18 @@ void CMainWindow::MakePalette()
     pBar->setMovable(false);
     pBar->setIconSize({24, 24});
     addToolBar(Qt::LeftToolBarArea, pBar);
-    m_pTools = new CChoiceGroup(*pBar, "tool",
-                                {{"hand", QT_TRANSLATE_NOOP("CChoiceGroup", "Hand"), "H"},
-                                 {"rectangle", QT_TRANSLATE_NOOP("CChoiceGroup", "Rectangle"), "M"},
-                                 {"ellipse", QT_TRANSLATE_NOOP("CChoiceGroup", "Ellipse"), "E"},
-                                 {"lasso", QT_TRANSLATE_NOOP("CChoiceGroup", "Lasso"), "L"},
-                                 {"polygon", QT_TRANSLATE_NOOP("CChoiceGroup", "Polygon"), "P"},
-                                 {"wand", QT_TRANSLATE_NOOP("CChoiceGroup", "Magic wand"), "W"},
-                                 {"transform", QT_TRANSLATE_NOOP("CChoiceGroup", "Transform the selection"), "T"}},
-                                [this](const std::string& strCommand) { Execute(strCommand); });
+    std::vector<Choice> vChoices;
+    for (const Tool& tool : Tools())
+        vChoices.push_back({tool.pszWord, tool.pszText, tool.pszKey, tool.icon});
+    m_pTools =
+        new CChoiceGroup(*pBar, "tool", vChoices, [this](const std::string& strCommand) { Execute(strCommand); });
 }
 
 void CMainWindow::MakeOptionsBar()
 {
-    auto* const pBar = m_pOptions = new QToolBar(tr("Options"), this);
-    pBar->setMovable(false);
-    pBar->setIconSize({20, 20});
-    addToolBar(Qt::TopToolBarArea, pBar);
-    m_pRules = new CChoiceGroup(*pBar, "rule",
-                                {{"new", QT_TRANSLATE_NOOP("CChoiceGroup", "New selection"), "1"},
-                                 {"add", QT_TRANSLATE_NOOP("CChoiceGroup", "Add to selection"), "2"},
-                                 {"subtract", QT_TRANSLATE_NOOP("CChoiceGroup", "Subtract from selection"), "3"},
-                                 {"intersect", QT_TRANSLATE_NOOP("CChoiceGroup", "Intersect with selection"), "4"}},
-                                [this](const std::string& strCommand) { Execute(strCommand); });
-    pBar->addSeparator();
-    m_pFeather = AddNumber(*pBar, tr(" &Feather "), MOST_PIXELS, tr(" px"), "feather");
-    m_pFeather->setToolTip(tr("How soft the edge of new shapes is"));
-    m_pTolerance = AddNumber(*pBar, tr("  &Tolerance "), 255, {}, "tolerance");
-    m_pTolerance->setToolTip(tr("How far colours may differ for the magic wand and the colour range"));
+    m_pOptions = new COptionsBar(
+        this, [this](const std::string& strCommand) { Execute(strCommand); }, [this] { m_pView->setFocus(); });
+    addToolBar(Qt::TopToolBarArea, m_pOptions);
 }
 
 void CMainWindow::MakeTransformBar()
@@ -170,34 +134,18 @@ void CMainWindow::MakeTransformBar()
                                      [this](const std::string& strCommand)
                                      {
                                          Execute(strCommand);
-                                         if (!m_retoucher.IsTransforming())
-                                             m_pView->setFocus();
+                                         m_retoucher.WhenIdle(
+                                             [this]
+                                             {
+                                                 if (!m_retoucher.State().bInSession)
+                                                     m_pView->setFocus();
+                                             });
                                      });
     addToolBar(Qt::TopToolBarArea, m_pTransform);
     // The picture stays where it is when one bar takes the other's place.
     const int cy = std::max(m_pOptions->sizeHint().height(), m_pTransform->sizeHint().height());
     m_pOptions->setFixedHeight(cy);
     m_pTransform->setFixedHeight(cy);
-}
-
-QSpinBox* CMainWindow::AddNumber(QToolBar& bar, const QString& strLabel, int iMost, const QString& strSuffix,
-                                 const std::string& strCommand)
-{
-    auto* pLabel = new QLabel(strLabel, &bar);
-    auto* pNumber = new QSpinBox(&bar);
-    pNumber->setRange(0, iMost);
-    pNumber->setSuffix(strSuffix);
-    pLabel->setBuddy(pNumber);
-    bar.addWidget(pLabel);
-    bar.addWidget(pNumber);
-    connect(pNumber, &QSpinBox::valueChanged, this,
-            [this, strCommand](int iNumber)
-            {
-                if (!m_bRefreshing)
-                    Execute(strCommand + " " + std::to_string(iNumber));
-            });
-    connect(pNumber, &QSpinBox::editingFinished, this, [this] { m_pView->setFocus(); });
-    return pNumber;
 }
 
 void CMainWindow::MakeStatusBar()
@@ -208,38 +156,49 @@ void CMainWindow::MakeStatusBar()
     m_pZoomLabel = new QLabel(this);
     m_pHintLabel = new QLabel(this);
     statusBar()->addWidget(m_pHintLabel, 1);
+    m_pWork = new CWorkBar(this, [this] { return m_retoucher.State(); });
+    statusBar()->addPermanentWidget(m_pWork);
     for (QLabel* pLabel : {m_pSelectionLabel, m_pPositionLabel, m_pColourLabel, m_pZoomLabel})
         statusBar()->addPermanentWidget(pLabel);
+    m_pCancel = new QAction(tr("Cancel"), this);
+    m_pCancel->setShortcut(Qt::Key_Escape);
+    m_pCancel->setEnabled(false);
+    connect(m_pCancel, &QAction::triggered, this, [this] { Execute("cancel"); });
+    addAction(m_pCancel);
 }
 
-void CMainWindow::Refresh()
+void CMainWindow::NameSteps(const ProgramState& state)
 {
     const auto name = [](QAction& action, const QString& strWhat, const std::string& strStep)
     {
         action.setEnabled(!strStep.empty());
-        action.setText(strStep.empty() ? strWhat : strWhat + " " + QString::fromStdString(strStep));
+        action.setText(strStep.empty() ? strWhat
+                                       : strWhat + " " + QCoreApplication::translate("History", strStep.c_str()));
     };
-    name(*m_pUndo, tr("&Undo"),
-         m_retoucher.IsTransforming() ? "Transform Selection" : m_retoucher.History().BackName());
-    name(*m_pRedo, tr("&Redo"), m_retoucher.History().ForthName());
-    m_pHideOutline->setChecked(m_retoucher.IsOutlineHidden());
-    m_pStillOutline->setChecked(m_retoucher.IsOutlineStill());
-    m_pTint->setChecked(m_retoucher.IsTinted());
-    m_pTools->Show(m_retoucher.ToolName());
-    m_pRules->Show(m_retoucher.RuleName());
-    const QScopedValueRollback<bool> refreshing(m_bRefreshing, true);
-    m_pFeather->setValue(m_retoucher.Feather());
-    m_pTolerance->setValue(m_retoucher.Tolerance());
-    m_pHintLabel->setText(m_retoucher.IsPickingColour() ? tr("Click the colour in the picture")
-                                                        : HintFor(m_retoucher.ToolName()));
-    const bool bTransforming = m_retoucher.IsTransforming();
-    m_pOptions->setVisible(!bTransforming);
-    m_pTransform->SetUsable(bTransforming);
-    const CRect rcBox = bTransforming ? m_retoucher.TransformRect() : m_retoucher.SelectionBox();
-    if (bTransforming)
-        m_pTransform->Show(rcBox, {m_retoucher.Photo()->Width(), m_retoucher.Photo()->Height()});
+    name(*m_pUndo, tr("&Undo"), state.strUndo);
+    name(*m_pRedo, tr("&Redo"), state.strRedo);
+}
+
+void CMainWindow::Refresh()
+{
+    const ProgramState state = m_retoucher.State();
+    if (std::exchange(m_uPhotos, state.uPhotos) != state.uPhotos)
+        ShowOpened(state);
+    NameSteps(state);
+    m_pHideOutline->setChecked(state.bOutlineHidden);
+    m_pStillOutline->setChecked(state.bOutlineStill);
+    m_pTint->setChecked(state.bTinted);
+    m_pTools->Show(state.strTool);
+    m_pOptions->Show(state);
+    m_pHintLabel->setText(QCoreApplication::translate("Tool", state.strHint.c_str()));
+    m_pTransform->SetUsable(state.frame.has_value());
+    if (state.frame)
+        m_pTransform->Show(*state.frame, state.szPhoto);
+    m_pCancel->setEnabled(state.work.has_value());
+    m_pWork->Show(state);
+    const CRect rcBox = state.frame.value_or(state.rcSelection);
     m_pSelectionLabel->setText(rcBox.IsRectEmpty() ? QString()
-                                                   : tr("Selection %1 \u00D7 %2 at %3, %4")
+                                                   : tr("Selection %L1 \u00D7 %L2 at %L3, %L4")
                                                          .arg(rcBox.Width())
                                                          .arg(rcBox.Height())
                                                          .arg(rcBox.left)

@@ -1,29 +1,29 @@
-#include "retouch/CommandBar.h"
+#include "window/CommandBar.h"
 
-#include "retouch/ToolIcons.h"
+#include "window/ToolIcons.h"
 
 #include <QCoreApplication>
 
 CChoiceGroup::CChoiceGroup(QToolBar& bar, const std::string& strCommand, const std::vector<Choice>& vChoices,
-                           std::function<void(const std::string& strCommand)> execute)
+                           ExecuteCommand execute)
     : QActionGroup(&bar)
 {
     for (const Choice& choice : vChoices)
     {
-        const QString strText = QCoreApplication::translate("CChoiceGroup", choice.pszText);
-        QAction* pAction = bar.addAction(IconFor(choice.pszName), strText);
-        pAction->setObjectName(choice.pszName);
+        const QString strText = QCoreApplication::translate("Tool", choice.pszText);
+        QAction* pAction = bar.addAction(IconFor(choice.icon), strText);
+        pAction->setObjectName(choice.pszWord);
         pAction->setCheckable(true);
         pAction->setShortcut(QKeySequence(choice.pszKey));
         pAction->setToolTip(QString("%1 (%2)").arg(strText, pAction->shortcut().toString(QKeySequence::NativeText)));
         addAction(pAction);
-        const std::string strWhole = strCommand + " " + choice.pszName;
+        const std::string strWhole = strCommand + " " + choice.pszWord;
         connect(pAction, &QAction::triggered, this, [execute, strWhole] { execute(strWhole); });
     }
 }
 
-void CChoiceGroup::Show(const std::string& strName)
+void CChoiceGroup::Show(const std::string& strWord)
 {
     for (QAction* pAction : actions())
-        pAction->setChecked(pAction->objectName().toStdString() == strName);
+        pAction->setChecked(pAction->objectName().toStdString() == strWord);
 }

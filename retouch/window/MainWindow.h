@@ -1,17 +1,19 @@
 #pragma once
 
-#include "retouch/Retoucher.h"
+#include "program/Retoucher.h"
 #include "user/Window.h"
 
+#include <memory>
 #include <QMainWindow>
 
 class CChoiceGroup;
+class CHeldInput;
+class COptionsBar;
 class CPixtaneWidget;
 class CTransformBar;
+class CWorkBar;
 class QLabel;
 class QMenu;
-class QSpinBox;
-class QToolBar;
 
 /// The program's window: a photo in a view, with menus, tools and their options, keys, recent files and a status bar.
 class CMainWindow : public QMainWindow
@@ -25,7 +27,8 @@ public:
     /// The view's part of the window as it stands, after everything pending was painted.
     winlite::Picture TakePicture();
 
-    /// Shows a photo file; on failure a message, and the picture before stays. Empty shows the sample picture.
+    /// Opens a photo file, in the background; on failure a message, and the picture before stays. Empty shows the
+    /// sample picture.
     void OpenFile(const QString& strPath);
 
 protected:
@@ -49,18 +52,22 @@ private:
     void FillRecentMenu();
     void RememberRecent(const QString& strPath);
     void ChooseFile();
-    void ShowOpened(const QString& strName);
+
+    /// Asks for a name, says what the file would not hold, and saves.
+    void SaveAs();
+    void ShowOpened(const ProgramState& state);
 
     QAction* AddCommand(QMenu& menu, const QString& strText, const QList<QKeySequence>& vKeys,
                         const std::string& strCommand);
     QAction* AddSwitch(QMenu& menu, const QString& strText, const QKeySequence& key, const std::string& strOn,
                        const std::string& strOff);
-    QSpinBox* AddNumber(QToolBar& bar, const QString& strLabel, int iMost, const QString& strSuffix,
-                        const std::string& strCommand);
     void AskPixels(const QString& strQuestion, const std::string& strCommand);
     void Execute(const std::string& strCommand);
 
+    void OnChanged(const std::string& strError);
     void Refresh();
+    void NameSteps(const ProgramState& state);
+    bool UsesKey(UINT uKey) const;
     void UpdateZoomLabel();
     void UpdatePointerLabels();
     void FollowPointer(QPoint ptWindow);
@@ -72,6 +79,8 @@ private:
     QLabel* m_pColourLabel = nullptr;
     QPoint m_ptPointer{-1, -1}; ///< Window coordinates of the view.
     CRetoucher m_retoucher;
+    std::unique_ptr<CHeldInput> m_pHeldInput;
+    unsigned m_uPhotos = 0; ///< Photos that have been shown, as far as the window knows.
     bool m_bFitWhenShown = false;
     QAction* m_pUndo = nullptr;
     QAction* m_pRedo = nullptr;
@@ -79,12 +88,10 @@ private:
     QAction* m_pStillOutline = nullptr;
     QAction* m_pTint = nullptr;
     CChoiceGroup* m_pTools = nullptr;
-    CChoiceGroup* m_pRules = nullptr;
-    QToolBar* m_pOptions = nullptr;
+    COptionsBar* m_pOptions = nullptr;
     CTransformBar* m_pTransform = nullptr; ///< In the options' place while the selection is being transformed.
-    QSpinBox* m_pFeather = nullptr;
-    QSpinBox* m_pTolerance = nullptr;
-    bool m_bRefreshing = false; ///< The bars follow the program, not the person.
+    QAction* m_pCancel = nullptr;          ///< Stops the work in the background.
+    CWorkBar* m_pWork = nullptr;
     QLabel* m_pSelectionLabel = nullptr;
     QLabel* m_pHintLabel = nullptr;
 };

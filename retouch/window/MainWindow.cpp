@@ -1,8 +1,12 @@
-#include "retouch/MainWindow.h"
+#include "window/MainWindow.h"
+#include "document/SavePhoto.h"
 
+#include "program/CommandText.h"
 #include "qt/PixtaneWidget.h"
 #include "qtdesktop/QtDesktop.h"
+#include "window/HeldInput.h"
 
+#include <algorithm>
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -20,24 +24,39 @@ namespace
 constexpr int MOST_RECENT_FILES = 8;
 constexpr DWORD BACKGROUND = RGB(58, 60, 64);
 const char* const RECENT_FILES = "recentFiles";
-const char* const SELECTOR_SETTINGS = "selectorSettings";
+
+/// The names that tools keep settings under, each once.
+std::vector<const char*> SettingsNames()
+{
+    std::vector<const char*> vNames;
+    for (const Tool& tool : Tools())
+    {
+        const auto isSame = [&](const char* pszName) { return std::string(pszName) == tool.pszSettings; };
+        if (tool.pszSettings && std::ranges::none_of(vNames, isSame))
+            vNames.push_back(tool.pszSettings);
+    }
+    return vNames;
+}
 
 } // namespace
 
-CMainWindow::CMainWindow() : m_pView(new CPixtaneWidget(this)), m_retoucher(m_pView->Host())
+CMainWindow::CMainWindow()
+    : m_pView(new CPixtaneWidget(this)), m_retoucher(m_pView->Host(), CRetoucher::LongWork::InBackground)
 {
     setCentralWidget(m_pView);
     m_pView->View().SetBackgroundColor(BACKGROUND);
     m_pView->setAccessibleName(tr("Photo"));
-    m_pView->SetToolKeys([](UINT uKey)
-                         { return uKey == VK_SPACE || uKey == VK_DELETE || (uKey >= VK_LEFT && uKey <= VK_DOWN); });
+    m_pView->SetToolKeys([this](UINT uKey) { return UsesKey(uKey); });
     MakeMenus();
     MakePalette();
     MakeOptionsBar();
     MakeTransformBar();
     MakeStatusBar();
     RestoreSettings();
-    m_retoucher.SetListener([this] { Refresh(); });
+    m_retoucher.SetListener([this](const std::string& strError) { OnChanged(strError); });
+    m_pHeldInput = std::make_unique<CHeldInput>(
+        *m_pView, [this] { return m_retoucher.IsBusy(); }, [this] { return m_retoucher.State().work.has_value(); },
+        [this](std::function<void()> call) { m_retoucher.WhenIdle(std::move(call)); });
     Refresh();
     connect(m_pView, &CPixtaneWidget::DisplayChanged, this, &CMainWindow::UpdateZoomLabel);
     connect(m_pView, &CPixtaneWidget::DisplayChanged, this, &CMainWindow::UpdatePointerLabels);
@@ -63,19 +82,29 @@ void CMainWindow::Execute(const std::string& strCommand)
 
 void CMainWindow::RestoreSettings()
 {
-    const QByteArray settings = QSettings().value(SELECTOR_SETTINGS).toByteArray();
-    if (settings.isEmpty())
-        return;
-    const std::vector<BYTE> vSettings(settings.begin(), settings.end());
-    if (!m_retoucher.TakeSelectorSettings(vSettings))
-        statusBar()->showMessage(tr("The settings of the selection tools are of another version and were left out."));
+    for (const char* const pszName : SettingsNames())
+    {
+        const QByteArray settings = QSettings().value(pszName).toByteArray();
+        const std::vector<BYTE> vSettings(settings.begin(), settings.end());
+        if (!settings.isEmpty() && !m_retoucher.TakeSettings(pszName, vSettings))
+            statusBar()->showMessage(tr("The settings of some tools are of another version and were left out."));
+    }
 }
 
 void CMainWindow::KeepSettings()
 {
-    const std::vector<BYTE> vSettings = m_retoucher.SelectorSettings();
-    QSettings().setValue(SELECTOR_SETTINGS, QByteArray(reinterpret_cast<const char*>(vSettings.data()),
-                                                       static_cast<qsizetype>(vSettings.size())));
+    for (const char* const pszName : SettingsNames())
+    {
+        const std::vector<BYTE> vSettings = m_retoucher.Settings(pszName);
+        QSettings().setValue(pszName, QByteArray(reinterpret_cast<const char*>(vSettings.data()),
+                                                 static_cast<qsizetype>(vSettings.size())));
+    }
+}
+
+bool CMainWindow::UsesKey(UINT uKey) const
+{
+    const auto vKeys = FindTool(m_retoucher.State().strTool)->vKeys;
+    return std::ranges::find(vKeys, uKey) != vKeys.end();
 }
 
 void CMainWindow::FillRecentMenu()
@@ -99,31 +128,52 @@ void CMainWindow::RememberRecent(const QString& strPath)
 void CMainWindow::ChooseFile()
 {
     const QString strPath =
-        QFileDialog::getOpenFileName(this, tr("Open a photo"), {}, tr("Photos (*.jpg *.jpeg *.png)"));
+        QFileDialog::getOpenFileName(this, tr("Open a photo"), {}, tr("Photos (*.jpg *.jpeg *.png *.tif *.tiff)"));
     if (!strPath.isEmpty())
         OpenFile(strPath);
 }
 
-void CMainWindow::OpenFile(const QString& strPath)
+void CMainWindow::SaveAs()
 {
-    const QString strAbsolute = QFileInfo(strPath).absoluteFilePath();
-    const std::string strCommand = strPath.isEmpty() ? "open-sample" : "open " + strAbsolute.toStdString();
-    std::string strError;
-    if (!m_retoucher.Execute(strCommand, strError))
-    {
-        QMessageBox::warning(this, tr("The photo could not be opened"), QString::fromStdString(strError));
+    CPhoto* const pPhoto = m_retoucher.Photo();
+    if (!pPhoto)
         return;
+    const QString strPath =
+        QFileDialog::getSaveFileName(this, tr("Save the photo"), QString::fromStdString(m_retoucher.State().strPath),
+                                     tr("Photos (*.jpg *.jpeg *.png *.tif *.tiff)"));
+    if (strPath.isEmpty())
+        return;
+    QStringList vLosses;
+    if (const auto format = FormatOfName(strPath.toStdString()))
+    {
+        for (const std::string& strLoss : pPhoto->Origin().WhatWouldBeLost(*format))
+            vLosses += QString::fromStdString(strLoss);
     }
-    if (!strPath.isEmpty())
-        RememberRecent(strAbsolute);
-    ShowOpened(strPath.isEmpty() ? tr("Sample") : QFileInfo(strPath).fileName());
+    const QString strQuestion = tr("This file would not hold: %1. Save it all the same?").arg(vLosses.join(", "));
+    if (vLosses.isEmpty() || QMessageBox::question(this, windowTitle(), strQuestion) == QMessageBox::Yes)
+        Execute("save-over " + Quoted(strPath.toStdString())); // The dialog has asked about a file that is there.
 }
 
-void CMainWindow::ShowOpened(const QString& strName)
+void CMainWindow::OpenFile(const QString& strPath)
 {
+    Execute(strPath.isEmpty() ? "open-sample" : "open " + Quoted(QFileInfo(strPath).absoluteFilePath().toStdString()));
+}
+
+void CMainWindow::ShowOpened(const ProgramState& state)
+{
+    const QString strPath = QString::fromStdString(state.strPath);
+    if (!strPath.isEmpty())
+        RememberRecent(strPath);
     m_bFitWhenShown = !isVisible();
-    setWindowTitle(strName + " - retouch");
+    setWindowTitle((strPath.isEmpty() ? tr("Sample") : QFileInfo(strPath).fileName()) + " - retouch");
     statusBar()->clearMessage();
+}
+
+void CMainWindow::OnChanged(const std::string& strError)
+{
+    Refresh();
+    if (!strError.empty())
+        QMessageBox::warning(this, tr("That is not possible"), QString::fromStdString(strError));
 }
 
 winlite::Picture CMainWindow::TakePicture()
@@ -156,7 +206,7 @@ bool CMainWindow::eventFilter(QObject* pWatched, QEvent* pEvent)
 
 void CMainWindow::UpdateZoomLabel()
 {
-    m_pZoomLabel->setText(tr("%1 %").arg(m_pView->View().GetZoom() * 100, 0, 'f', 1));
+    m_pZoomLabel->setText(tr("%L1 %").arg(m_pView->View().GetZoom() * 100, 0, 'f', 1));
 }
 
 void CMainWindow::FollowPointer(QPoint ptWindow)
@@ -178,6 +228,6 @@ void CMainWindow::UpdatePointerLabels()
         return;
     }
     const BYTE* pPixel = pPhoto->Row(pt.y) + 4 * pt.x;
-    m_pPositionLabel->setText(tr("%1, %2").arg(pt.x).arg(pt.y));
+    m_pPositionLabel->setText(tr("%L1, %L2").arg(pt.x).arg(pt.y));
     m_pColourLabel->setText(tr("R %1  G %2  B %3").arg(pPixel[2]).arg(pPixel[1]).arg(pPixel[0]));
 }

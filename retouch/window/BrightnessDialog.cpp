@@ -1,4 +1,4 @@
-#include "retouch/BrightnessDialog.h"
+#include "window/BrightnessDialog.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -7,7 +7,7 @@
 #include <QSpinBox>
 #include <utility>
 
-CBrightnessDialog::CBrightnessDialog(QWidget* pParent, std::function<void(const std::string& strCommand)> execute)
+CBrightnessDialog::CBrightnessDialog(QWidget* pParent, ExecuteCommand execute)
     : QDialog(pParent), m_Execute(std::move(execute)), m_pForm(new QFormLayout(this)),
       m_pBrightness(AddSlider(tr("&Brightness"))), m_pContrast(AddSlider(tr("&Contrast")))
 {

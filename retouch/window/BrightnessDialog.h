@@ -1,6 +1,6 @@
 #pragma once
 
-#include <functional>
+#include "window/CommandBar.h"
 #include <QDialog>
 #include <string>
 
@@ -11,13 +11,13 @@ class QSlider;
 class CBrightnessDialog : public QDialog
 {
 public:
-    CBrightnessDialog(QWidget* pParent, std::function<void(const std::string& strCommand)> execute);
+    CBrightnessDialog(QWidget* pParent, ExecuteCommand execute);
 
 private:
     QSlider* AddSlider(const QString& strLabel);
     std::string Values() const;
 
-    std::function<void(const std::string& strCommand)> m_Execute;
+    ExecuteCommand m_Execute;
     class QFormLayout* m_pForm;
     QSlider* m_pBrightness;
     QSlider* m_pContrast;

@@ -1,10 +1,10 @@
-#include "retouch/TransformBar.h"
+#include "window/TransformBar.h"
 
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QSpinBox>
 
-CTransformBar::CTransformBar(QWidget* pParent, std::function<void(const std::string& strCommand)> execute)
+CTransformBar::CTransformBar(QWidget* pParent, ExecuteCommand execute)
     : QToolBar(tr("Transform"), pParent), m_Execute(std::move(execute))
 {
     setMovable(false);
