@@ -1,83 +1,11 @@
-#include "retouch/Photo.h"
-#include "retouch/PngFile.h"
-
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <QBuffer>
-#include <QImage>
-#include <unistd.h>
+#include "document/Photo.h"
+#include "document/PngFile.h"
+#include "PictureFiles.h"
 
 namespace
 {
 
-namespace fs = std::filesystem;
-
-/// A folder that goes with the test.
-class PhotoTest : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        m_folder = fs::temp_directory_path() / ("photo-test-" + std::to_string(::getpid()));
-        fs::create_directories(m_folder);
-    }
-    void TearDown() override { fs::remove_all(m_folder); }
-
-    std::string Path(const char* pszName) const { return (m_folder / pszName).string(); }
-
-    std::string WriteFile(const char* pszName, const QByteArray& bytes) const
-    {
-        std::ofstream(Path(pszName), std::ios::binary).write(bytes.data(), bytes.size());
-        return Path(pszName);
-    }
-
-    fs::path m_folder;
-};
-
-QByteArray Encoded(const QImage& image, const char* pszFormat)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, pszFormat, 100);
-    return bytes;
-}
-
-/// Three by two tiles of 16 pixels, each of its own colour.
-QImage Tiles()
-{
-    QImage image(48, 32, QImage::Format_RGB32);
-    for (int y = 0; y < 32; ++y)
-    {
-        for (int x = 0; x < 48; ++x)
-            image.setPixel(x, y, qRgb(40 + x / 16 * 80, 60 + y / 16 * 120, 30 + (x / 16 + y / 16) % 2 * 150));
-    }
-    return image;
-}
-
-/// A JPEG of the image as a camera stores it that was held so that the viewer must apply that EXIF orientation.
-QByteArray StoredWithOrientation(const QImage& upright, int iOrientation)
-{
-    // What turns the upright picture into the stored one: the inverse of the orientation's own transform.
-    static const QTransform TO_STORED[] = {{},
-                                           {-1, 0, 0, 1, 0, 0},
-                                           {-1, 0, 0, -1, 0, 0},
-                                           {1, 0, 0, -1, 0, 0},
-                                           {0, 1, 1, 0, 0, 0},
-                                           {0, -1, 1, 0, 0, 0},
-                                           {0, -1, -1, 0, 0, 0},
-                                           {0, 1, -1, 0, 0, 0}};
-    QByteArray jpeg = Encoded(upright.transformed(TO_STORED[iOrientation - 1]), "jpg");
-    // APP1 with a big-endian TIFF of one entry: tag 0x0112, a short.
-    const char szExif[] = "\xFF\xE1\x00\x22"
-                          "Exif\0\0"
-                          "MM\0\x2A\0\0\0\x08"
-                          "\0\x01\x01\x12\0\x03\0\0\0\x01\0";
-    QByteArray segment(szExif, sizeof(szExif) - 1);
-    segment.append(static_cast<char>(iOrientation)).append("\0\0\0\0\0\0", 6);
-    return jpeg.insert(2, segment);
-}
+using PhotoTest = CPictureFilesTest;
 
 std::uint32_t PixelAt(CPhoto& photo, int x, int y)
 {
@@ -91,24 +19,6 @@ bool Near(QRgb a, QRgb b)
 }
 
 } // namespace
-
-TEST_F(PhotoTest, AllOrientationsComeUpright)
-{
-    const QImage upright = Tiles();
-    for (int iOrientation = 1; iOrientation <= 8; ++iOrientation)
-    {
-        std::string strError;
-        auto photo = CPhoto::Load(WriteFile("o.jpg", StoredWithOrientation(upright, iOrientation)), strError);
-        ASSERT_TRUE(photo) << strError;
-        ASSERT_EQ(photo->Width(), 48) << iOrientation;
-        ASSERT_EQ(photo->Height(), 32) << iOrientation;
-        for (int y = 8; y < 32; y += 16)
-        {
-            for (int x = 8; x < 48; x += 16)
-                EXPECT_TRUE(Near(PixelAt(*photo, x, y), upright.pixel(x, y))) << iOrientation << ": " << x << ", " << y;
-        }
-    }
-}
 
 TEST_F(PhotoTest, EveryKindOfPngBecomesBottomUpColour)
 {
@@ -149,9 +59,8 @@ TEST_F(PhotoTest, WhatCannotBeReadIsNamedWithItsReason)
         {Path("missing.jpg"), "No such file"},
         {m_folder.string(), "is a folder"},
         {WriteFile("empty.png", {}), "is empty"},
-        {WriteFile("text.jpg", "not a picture at all"), "is not a JPEG or PNG"},
-        {WriteFile("other.bmp", Encoded(Tiles(), "bmp")), "is not a JPEG or PNG"},
-        {WriteFile("cut.jpg", jpeg.left(jpeg.size() - 2)), "is broken"},
+        {WriteFile("text.jpg", "not a picture at all"), "is not a JPEG, PNG or TIFF"},
+        {WriteFile("other.bmp", Encoded(Tiles(), "bmp")), "is not a JPEG, PNG or TIFF"},
         {WriteFile("head.jpg", jpeg.left(30)), "is broken"},
         {WriteFile("cut.png", png.left(png.size() / 2)), "is broken"},
         {WriteFile("head.png", png.left(20)), "is broken"},

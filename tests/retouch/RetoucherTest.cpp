@@ -1,4 +1,4 @@
-#include "retouch/Retoucher.h"
+#include "program/Retoucher.h"
 #include "headless/HeadlessDesktop.h"
 #include "support/User.h"
 
@@ -44,7 +44,7 @@ protected:
     void Drag(CPoint ptFrom, CPoint ptTo) { user.Drag(At(ptFrom.x, ptFrom.y), At(ptTo.x, ptTo.y)); }
     std::string Box()
     {
-        const CRect rc = retoucher.SelectionBox();
+        const CRect rc = retoucher.State().rcSelection;
         return rc.IsRectEmpty() ? "none"
                                 : std::to_string(rc.left) + "," + std::to_string(rc.top) + "," +
                                       std::to_string(rc.right) + "," + std::to_string(rc.bottom);
@@ -65,23 +65,23 @@ TEST_F(RetoucherTest, EverySelectionIsOneStepToUndoAndRedo)
     Drag({110, 100}, {119, 109});
     user.Type(VK_RIGHT);
     EXPECT_EQ(Box(), "101,100,121,110");
-    EXPECT_EQ(retoucher.History().BackName(), "Move Selection");
+    EXPECT_EQ(retoucher.State().strUndo, "Move Selection");
     Do("select-none");
     for (const char* pszBox : {"101,100,121,110", "100,100,120,110", "100,100,110,110", "10,10,50,30", "none"})
     {
         Do("undo");
         EXPECT_EQ(Box(), pszBox);
     }
-    EXPECT_EQ(retoucher.History().BackName(), "");
+    EXPECT_EQ(retoucher.State().strUndo, "");
     Do("undo");
     for (const char* pszBox : {"10,10,50,30", "100,100,110,110"})
     {
         Do("redo");
         EXPECT_EQ(Box(), pszBox);
     }
-    EXPECT_EQ(retoucher.History().ForthName(), "Add to Selection");
+    EXPECT_EQ(retoucher.State().strRedo, "Add to Selection");
     Do("select-all");
-    EXPECT_EQ(retoucher.History().ForthName(), "") << "what was undone is gone";
+    EXPECT_EQ(retoucher.State().strRedo, "") << "what was undone is gone";
     Do("select-none");
     Do("reselect");
     EXPECT_EQ(Box(), "0,0,300,200");
@@ -161,26 +161,26 @@ TEST_F(RetoucherTest, TheToleranceChangesWhatTheWandPickedLast)
     EXPECT_EQ(Box(), "90,0,112,200") << "something else happened since";
     Do("rule add");
     user.Click(At(100, 100));
-    const std::string strSame = retoucher.History().BackName();
+    const std::string strSame = retoucher.State().strUndo;
     user.Wait(600);
     user.Click(At(100, 100));
     Do("tolerance 5");
-    EXPECT_EQ(retoucher.History().BackName(), strSame) << "a pick that changed nothing is no step to take back";
+    EXPECT_EQ(retoucher.State().strUndo, strSame) << "a pick that changed nothing is no step to take back";
     Do("rule new");
     Do("undo");
     Do("invert");
-    EXPECT_EQ(retoucher.History().BackName(), "Invert Selection");
+    EXPECT_EQ(retoucher.State().strUndo, "Invert Selection");
     EXPECT_EQ(Box(), "0,0,300,200");
     Do("select-none");
     Do("tolerance 0");
     Do("pick-colour");
-    EXPECT_TRUE(retoucher.IsPickingColour());
+    EXPECT_TRUE(retoucher.State().bInSession);
     user.Wait(600); // no double click
     user.Click(At(50, 50));
     EXPECT_EQ(Box(), "50,0,52,200");
-    EXPECT_FALSE(retoucher.IsPickingColour());
+    EXPECT_FALSE(retoucher.State().bInSession);
     Do("tolerance 1");
-    EXPECT_GT(retoucher.SelectionBox().Width(), 4) << "the colour range follows too";
+    EXPECT_GT(retoucher.State().rcSelection.Width(), 4) << "the colour range follows too";
     Do("undo");
     EXPECT_EQ(Box(), "none");
     EXPECT_NE(Refusal("select-colour 300 0").find("no pixel"), std::string::npos);
@@ -199,29 +199,29 @@ TEST_F(RetoucherTest, ATransformIsOneStepOrNone)
     const std::string strBox = Box();
     Do("hide-outline");
     Do("tool transform");
-    EXPECT_FALSE(retoucher.IsOutlineHidden());
+    EXPECT_FALSE(retoucher.State().bOutlineHidden);
     EXPECT_NE(Refusal("transform-to 1 1 301 10").find("301"), std::string::npos);
     for (const char* pszEnd : {"cancel-transform", "undo", "apply-transform"})
     {
-        if (!retoucher.IsTransforming())
+        if (!retoucher.State().frame.has_value())
             Do("tool transform");
         Drag({150, 100}, {170, 110});
         Do("fit");
         Do("transform-to 10 10 40 30");
-        EXPECT_TRUE(retoucher.IsTransforming());
+        EXPECT_TRUE(retoucher.State().frame.has_value());
         EXPECT_EQ(Box(), "10,10,50,40");
         user.Type(VK_RIGHT);
         EXPECT_EQ(Box(), "11,10,51,40");
         Do(pszEnd);
-        EXPECT_EQ(retoucher.ToolName(), "ellipse");
+        EXPECT_EQ(retoucher.State().strTool, "ellipse");
         if (pszEnd[0] == 'a')
             break;
         EXPECT_EQ(Box(), strBox);
         EXPECT_EQ(weights(), before);
-        EXPECT_EQ(retoucher.History().BackName(), "Feather Selection");
-        EXPECT_EQ(retoucher.History().ForthName(), "");
+        EXPECT_EQ(retoucher.State().strUndo, "Feather Selection");
+        EXPECT_EQ(retoucher.State().strRedo, "");
     }
-    EXPECT_EQ(retoucher.History().BackName(), "Transform Selection");
+    EXPECT_EQ(retoucher.State().strUndo, "Transform Selection");
     Do("undo");
     EXPECT_EQ(weights(), before);
     Do("tool transform");
@@ -229,14 +229,14 @@ TEST_F(RetoucherTest, ATransformIsOneStepOrNone)
     Do("grow 5");
     EXPECT_EQ(Box(), "200,100,300,200") << "shifted back inside, applied, then grown";
     Do("undo");
-    EXPECT_EQ(retoucher.History().BackName(), "Transform Selection");
+    EXPECT_EQ(retoucher.State().strUndo, "Transform Selection");
     Do("tool transform");
-    const CRect rc = retoucher.TransformRect();
+    const CRect rc = retoucher.State().frame.value_or(CRect());
     Do("transform-to 0 0 10 10");
     Do("transform-to " + std::to_string(rc.left) + " " + std::to_string(rc.top) + " " + std::to_string(rc.Width()) +
        " " + std::to_string(rc.Height()));
     Do("undo");
-    EXPECT_EQ(retoucher.History().BackName(), "Transform Selection");
+    EXPECT_EQ(retoucher.State().strUndo, "Transform Selection");
 }
 
 TEST_F(RetoucherTest, AHiddenOutlineStaysHiddenAndSpaceIsAHand)
@@ -284,13 +284,13 @@ TEST_F(RetoucherTest, TheSelectorsSettingsComeBack)
     Do("rule subtract");
     Do("feather 7");
     Do("tolerance 33");
-    const std::vector<BYTE> vSettings = retoucher.SelectorSettings();
+    const std::vector<BYTE> vSettings = retoucher.Settings("selectorSettings");
     CRetoucher other(host);
-    EXPECT_TRUE(other.TakeSelectorSettings(vSettings));
-    EXPECT_EQ(other.RuleName(), "subtract");
-    EXPECT_EQ(other.Feather(), 7);
-    EXPECT_EQ(other.Tolerance(), 33);
-    EXPECT_FALSE(other.TakeSelectorSettings({}));
+    EXPECT_TRUE(other.TakeSettings("selectorSettings", vSettings));
+    EXPECT_EQ(other.State().vOptions["rule"], Pixtane::EmbeddedTool::RegionSelector::OM_SUBTRACT);
+    EXPECT_EQ(other.State().vOptions["feather"], 7);
+    EXPECT_EQ(other.State().vOptions["tolerance"], 33);
+    EXPECT_FALSE(other.TakeSettings("selectorSettings", {}));
 }
 
 TEST(TiledSnapshotTest, SnapshotsShareWhatDidNotChange)

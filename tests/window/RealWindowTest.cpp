@@ -1,7 +1,7 @@
 #include "qt/PixtaneQt.h"
 #include "qt/PixtaneWidget.h"
-#include "retouch/MainWindow.h"
 #include "user/Window.h"
+#include "window/MainWindow.h"
 
 #include <algorithm>
 #include <functional>
@@ -28,7 +28,8 @@ protected:
         window.resize(801, 603); // odd on purpose
         window.show();
         window.OpenFile({});
-        ASSERT_TRUE(WaitFor([this] { return window.windowHandle()->isExposed() && ScreenShowsView(); }));
+        ASSERT_TRUE(
+            WaitFor([this] { return View().pBmpData() && window.windowHandle()->isExposed() && ScreenShowsView(); }));
         // Without a window manager nobody else gives the window the keys.
         Xdo({"windowfocus", "--sync", QString::number(window.winId())});
     }
@@ -191,16 +192,20 @@ TEST_F(RealWindowTest, DrawingAtTheEdgeScrollsForAsLongAsThePointerIsThere)
 TEST_F(RealWindowTest, ABrokenFileGivesAMessageAndKeepsThePicture)
 {
     const BYTE* pBefore = View().pBmpData();
-    QString strMessage;
-    QTimer::singleShot(0, &window,
-                       [&]
-                       {
-                           auto* pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-                           ASSERT_TRUE(pBox);
-                           strMessage = pBox->text();
-                           pBox->accept();
-                       });
     window.OpenFile("/no/such/photo.jpg");
+    QString strMessage;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout,
+                     [&]
+                     {
+                         if (auto* const pBox = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                         {
+                             strMessage = pBox->text();
+                             pBox->accept();
+                         }
+                     });
+    timer.start(10);
+    ASSERT_TRUE(WaitFor([&] { return !strMessage.isEmpty(); }));
     EXPECT_TRUE(strMessage.contains("/no/such/photo.jpg"));
     EXPECT_EQ(View().pBmpData(), pBefore);
     ExpectShown();
