@@ -66,6 +66,9 @@ int main(int argc, char** argv)
     if (!AfxWinInit(nullptr, nullptr, nullptr, 0))
         return 2;
     CSuite suite;
+    // First: what was freed before, and what a child's parent peaked at, is not told from what is measured.
+    AddStrokeMemory(suite);
+    AddMemoryFigures(suite);
     AddPaintBenchmarks(suite);
     AddDrawBenchmarks(suite);
     AddInteractionBenchmarks(suite);
@@ -73,7 +76,9 @@ int main(int argc, char** argv)
     AddSelectionBenchmarks(suite);
     AddColourBenchmarks(suite);
     AddResizeBenchmarks(suite);
-    AddMemoryFigures(suite);
+    AddPenBenchmarks(suite);
+    AddStrokeBenchmarks(suite);
+    AddRetouchFigures(suite);
     const bool bHeld = suite.Run(bWrite || vArguments.empty() ? "" : vArguments[0]);
     AfxWinTerm();
     if (bWrite && !WriteReport(vArguments[1], suite.Lines()))

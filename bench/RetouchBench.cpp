@@ -1,0 +1,167 @@
+#include "bench/BenchView.h"
+#include "bench/Suite.h"
+#include "headless/HeadlessDesktop.h"
+#include "program/Retoucher.h"
+#include "user/Input.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+#include <filesystem>
+#include <QImage>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace
+{
+
+using Clock = std::chrono::steady_clock;
+
+constexpr SIZE PHOTO = {6000, 4000};
+
+/// The program with a photo in a window of 1100 x 700, without a display.
+struct Program
+{
+    Program() : retoucher(host)
+    {
+        host.MoveWindow(0, 0, 1100, 700);
+        host.ShowWindow(SW_SHOW);
+        CPhoto photo(PHOTO.cx, PHOTO.cy);
+        for (int y = 0; y < PHOTO.cy; ++y)
+        {
+            for (int x = 0; x < PHOTO.cx * 4; ++x)
+                photo.Row(y)[x] = static_cast<BYTE>(40 + (x * 7 + y * 3) % 150);
+        }
+        retoucher.ShowPhoto(std::move(photo));
+        Do("fit");
+    }
+
+    void Do(const std::string& strCommand)
+    {
+        std::string strError;
+        if (!retoucher.Execute(strCommand, strError))
+            throw std::runtime_error(strCommand + ": " + strError);
+        static_cast<winlite::HeadlessDesktop&>(winlite::TheDesktop()).DispatchPending();
+    }
+
+    CViewHost host;
+    CRetoucher retoucher;
+};
+
+double Milliseconds(const Work& work)
+{
+    const auto start = Clock::now();
+    work();
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+double Median(std::vector<double> vTimes)
+{
+    std::ranges::sort(vTimes);
+    return vTimes[vTimes.size() / 2];
+}
+
+/// The median of several runs, each after what makes it ready.
+double MedianOf(int nRuns, const Work& prepare, const Work& work)
+{
+    std::vector<double> vTimes;
+    for (int i = 0; i < nRuns; ++i)
+    {
+        prepare();
+        vTimes.push_back(Milliseconds(work));
+    }
+    return Median(vTimes);
+}
+
+/// An arrow key that moves the selection, with the tint over the rest.
+Figure TintedNudge()
+{
+    Program program;
+    for (const char* pszCommand : {"select-all", "shrink 300", "tool rectangle", "tint"})
+        program.Do(pszCommand);
+    program.host.View().SetFocus();
+    winlite::QueueActivation(program.host.m_hWnd, true);
+    const auto nudge = [&]
+    {
+        winlite::QueueKey({VK_RIGHT, true, true, 0x4D});
+        winlite::QueueKey({VK_RIGHT, false, true, 0x4D});
+        static_cast<winlite::HeadlessDesktop&>(winlite::TheDesktop()).DispatchPending();
+    };
+    return {MedianOf(
+                20, [] {}, nudge),
+            "a millisecond", 25};
+}
+
+Figure OriginalShown()
+{
+    Program program;
+    program.Do("auto-contrast");
+    return {MedianOf(
+                20, [&] { program.Do("show-result"); }, [&] { program.Do("show-original"); }),
+            "a millisecond", 30};
+}
+
+Figure BrightnessPreview()
+{
+    Program program;
+    int iLevel = 0;
+    const double dMs = MedianOf(
+        30, [] {}, [&] { program.Do("preview-brightness-contrast " + std::to_string(++iLevel) + " 10"); });
+    return {dMs, "a millisecond a picture", 1000.0 / 30};
+}
+
+Figure AutoContrast()
+{
+    Program program;
+    return {MedianOf(
+                7, [&] { program.Do("undo"); }, [&] { program.Do("auto-contrast"); }),
+            "a millisecond", 150};
+}
+
+Figure UndoOfTheWhole()
+{
+    Program program;
+    program.Do("auto-contrast");
+    std::vector<BYTE> vFrom(std::size_t{4} * PHOTO.cx * PHOTO.cy), vTo(vFrom);
+    const double dCopy = MedianOf(
+        7, [] {}, [&] { std::memcpy(vTo.data(), vFrom.data(), vTo.size()); });
+    return {MedianOf(
+                7, [&] { program.Do("redo"); }, [&] { program.Do("undo"); }) /
+                dCopy,
+            "memcpy of the photo", 4};
+}
+
+/// From the file to the first picture, against Qt's decoding alone.
+Figure Opening()
+{
+    const auto path = std::filesystem::temp_directory_path() / ("bench" + std::to_string(getpid()) + ".jpg");
+    QImage image(PHOTO.cx, PHOTO.cy, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y)
+    {
+        auto* pRow = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            pRow[x] = qRgb(x >> 5, y >> 5, (x * y) >> 12);
+    }
+    image.save(QString::fromStdString(path), "jpeg", 88);
+    Program program;
+    std::vector<double> vOurs, vQt;
+    for (int i = 0; i < 5; ++i)
+    {
+        vOurs.push_back(Milliseconds([&] { program.Do("open " + path.string()); }));
+        vQt.push_back(Milliseconds([&] { QImage decoded(QString::fromStdString(path)); }));
+    }
+    std::filesystem::remove(path);
+    return {Median(vOurs) / Median(vQt), "Qt's decoding", 1.3};
+}
+
+} // namespace
+
+void AddRetouchFigures(CSuite& suite)
+{
+    suite.AddFigure("Retouch/TintedNudge/24MP", &TintedNudge);
+    suite.AddFigure("Retouch/ShowOriginal/24MP", &OriginalShown);
+    suite.AddFigure("Retouch/BrightnessPreview/24MP", &BrightnessPreview);
+    suite.AddFigure("Retouch/AutoContrast/24MP", &AutoContrast);
+    suite.AddFigure("Retouch/Undo/24MP", &UndoOfTheWhole);
+    suite.AddFigure("Retouch/Open/24MP", &Opening);
+}
