@@ -7,7 +7,8 @@ import pathlib
 import sys
 import xml.etree.ElementTree as ElementTree
 
-ROOMS = {"gdi": "GDI", "gdiplus": "GDI+", "user": "Windows, input and messages", "mfc": "The class library"}
+ROOMS = {"gdi": "GDI", "gdiplus": "GDI+", "user": "Windows, input and messages", "files": "Files and errors",
+         "mfc": "The class library"}
 MARK = "Different from"
 
 
