@@ -60,7 +60,7 @@ bool CHeldInput::IsToHold(QObject* pWatched, const QEvent& event)
 bool CHeldInput::eventFilter(QObject* pWatched, QEvent* pEvent)
 {
     const auto* const pWidget = qobject_cast<QWidget*>(pWatched);
-    if (!pWidget || !m_view.isAncestorOf(pWidget) || !IsToHold(pWatched, *pEvent))
+    if (m_bDelivering || !pWidget || !m_view.isAncestorOf(pWidget) || !IsToHold(pWatched, *pEvent))
         return false;
     pEvent->accept();
     if (pEvent->type() == QEvent::ShortcutOverride)
@@ -86,5 +86,7 @@ void CHeldInput::Deliver(QObject& target, QEvent& event)
                 return pAction->trigger();
         }
     }
+    const bool bOuter = std::exchange(m_bDelivering, true);
     QCoreApplication::sendEvent(&target, &event);
+    m_bDelivering = bOuter;
 }

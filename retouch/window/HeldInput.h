@@ -28,5 +28,6 @@ private:
     std::function<bool()> m_IsBusy;
     std::function<bool()> m_IsWorking;
     std::function<void(std::function<void()>)> m_WhenIdle;
-    bool m_bButtonHeld = false; ///< A press was held, so its release is, too.
+    bool m_bButtonHeld = false; ///< A press was held, so what follows is, too, as long as anything waits.
+    bool m_bDelivering = false; ///< What comes now was held before.
 };
