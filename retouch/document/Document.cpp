@@ -1,43 +1,67 @@
 #include "document/Document.h"
 
+#include <cstring>
+
 std::optional<CPhoto> CDocument::Replace(CPhoto photo, std::string strPath)
 {
     ++m_uPhotos;
-    m_original.reset();
+    m_bChanged = false;
+    m_original = CTiledSnapshot(photo.RowBytes(), static_cast<std::size_t>(photo.Height()));
     m_strPath = std::move(strPath);
-    m_history.Reset({});
+    CHistory::State state;
+    state.pixels = m_original;
+    m_history.Reset(std::move(state));
     return std::exchange(m_photo, std::move(photo));
 }
 
 CDocument::Pixels CDocument::PixelsAfter(CLargeBuffer changed)
 {
     Pixels pixels;
-    const std::size_t nRow = m_photo->RowBytes();
-    if (!m_original)
-        pixels.original = CTiledSnapshot({m_photo->Pixels(), m_photo->ByteCount()}, nRow, {});
-    pixels.now = CTiledSnapshot(changed.Bytes(), nRow, m_original ? m_history.Current().pixels : pixels.original);
+    const CTiledSnapshot& now = m_history.Current().pixels;
+    pixels.change = now.Changed(m_photo->Pixels(), changed.Bytes().data(), now.Whole());
     pixels.buffer = std::move(changed);
     return pixels;
 }
 
-bool CDocument::Commit(Pixels& pixels, const std::string& strStep)
+bool CDocument::Add(const CTiledSnapshot::Change& change, const std::string& strStep)
 {
-    if (!m_original)
-    {
-        m_original = std::move(pixels.original);
-        m_history.FillPixels(*m_original);
-    }
-    pixels.buffer = m_photo->ReplacePixels(std::move(pixels.buffer));
+    m_original.FillFrom(change.before);
+    m_history.FillPixels(change.before);
     CHistory::State state = m_history.Current();
     state.strName = strStep;
-    state.pixels = std::move(pixels.now);
-    return m_history.Add(std::move(state));
+    state.pixels = change.after;
+    const bool bStep = m_history.Add(std::move(state));
+    m_bChanged = m_bChanged || bStep;
+    return bStep;
+}
+
+bool CDocument::Commit(Pixels& pixels, const std::string& strStep)
+{
+    pixels.buffer = m_photo->ReplacePixels(std::move(pixels.buffer));
+    return Add(pixels.change, strStep);
+}
+
+bool CDocument::CommitArea(const BYTE* pPixels, const CRect& rc, const std::string& strStep)
+{
+    CRect rcInside(0, 0, m_photo->Width(), m_photo->Height());
+    if (!rcInside.IntersectRect(CRect(rcInside), rc))
+        return false;
+    const CTiledSnapshot::Area area = {
+        static_cast<std::size_t>(m_photo->Height() - rcInside.bottom), static_cast<std::size_t>(rcInside.left) * 4,
+        static_cast<std::size_t>(rcInside.Height()), static_cast<std::size_t>(rcInside.Width()) * 4};
+    const CTiledSnapshot::Change change = m_history.Current().pixels.Changed(m_photo->Pixels(), pPixels, area);
+    for (std::size_t y = area.iTop; y < area.iTop + area.nRows; ++y)
+    {
+        const std::size_t iByte = y * m_photo->RowBytes() + area.iLeft;
+        std::memcpy(m_photo->Pixels() + iByte, pPixels + iByte, area.nBytes);
+    }
+    return Add(change, strStep);
 }
 
 bool CDocument::Restore(const CHistory::State& state, const CTiledSnapshot& shown)
 {
-    if (!m_original || state.pixels.IsSameAs(shown))
+    if (state.pixels.IsSameAs(shown))
         return false;
-    state.pixels.Restore({m_photo->Pixels(), m_photo->ByteCount()});
+    state.pixels.Restore({m_photo->Pixels(), m_photo->ByteCount()}, shown);
     return true;
 }

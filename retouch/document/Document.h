@@ -23,7 +23,7 @@ public:
     const CHistory& History() const { return m_history; }
 
     /// The pixels as they were opened; NULL while nothing has changed them.
-    const CTiledSnapshot* Original() const { return m_original ? &*m_original : nullptr; }
+    const CTiledSnapshot* Original() const { return m_bChanged ? &m_original : nullptr; }
 
     /// Starts with another photo. Returns the old one, whose pixels a view may still show.
     std::optional<CPhoto> Replace(CPhoto photo, std::string strPath);
@@ -32,8 +32,7 @@ public:
     struct Pixels
     {
         CLargeBuffer buffer;
-        CTiledSnapshot original; ///< The pixels before, if they were the ones that were opened.
-        CTiledSnapshot now;
+        CTiledSnapshot::Change change;
     };
 
     /// What the history keeps of changed pixels. Any thread, while nothing else changes the document.
@@ -42,13 +41,19 @@ public:
     /// Takes new pixels over as a step; the buffer with the old ones comes back. FALSE when they are no others.
     bool Commit(Pixels& pixels, const std::string& strStep);
 
+    /// Copies the pixels of an area from a buffer like the photo's, as a step; FALSE when they are no others.
+    bool CommitArea(const BYTE* pPixels, const CRect& rc, const std::string& strStep);
+
     /// Puts a state's pixels back; FALSE when they are there.
     bool Restore(const CHistory::State& state, const CTiledSnapshot& shown);
 
 private:
+    bool Add(const CTiledSnapshot::Change& change, const std::string& strStep);
+
     std::optional<CPhoto> m_photo;
     std::string m_strPath;
     unsigned m_uPhotos = 0;
-    std::optional<CTiledSnapshot> m_original;
+    CTiledSnapshot m_original; ///< As far as anything has changed it.
+    bool m_bChanged = false;
     CHistory m_history;
 };

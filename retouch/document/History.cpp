@@ -46,13 +46,10 @@ bool CHistory::Add(State state)
     return true;
 }
 
-void CHistory::FillPixels(const CTiledSnapshot& pixels)
+void CHistory::FillPixels(const CTiledSnapshot& before)
 {
     for (State& state : m_vStates)
-    {
-        if (state.pixels.IsEmpty())
-            state.pixels = pixels;
-    }
+        state.pixels.FillFrom(before);
 }
 
 void CHistory::ForgetOldest()

@@ -13,7 +13,7 @@ public:
     struct State
     {
         std::string strName;         ///< What the person did to come here.
-        CTiledSnapshot pixels;       ///< The photo's buffer.
+        CTiledSnapshot pixels;       ///< The photo's buffer, as far as anything changes it.
         CTiledSnapshot mask;         ///< The selection's weights.
         std::vector<RECT> vSelected; ///< The selection's rectangles; none when nothing is selected.
     };
@@ -30,8 +30,8 @@ public:
     /// Whether two states select the same because nothing changed it between them.
     static bool SelectsSame(const State& one, const State& other);
 
-    /// Gives every state that has no pixels yet, because nothing had changed them, these.
-    void FillPixels(const CTiledSnapshot& pixels);
+    /// Gives every state the tiles of pixels that it does not have because nothing had changed them so far.
+    void FillPixels(const CTiledSnapshot& before);
 
     /// The state now, and the ones to go back and forth to; NULL when there is none.
     const State& Current() const { return m_vStates[m_iCurrent]; }

@@ -7,31 +7,22 @@
 #include <cstring>
 #include <new>
 
-CTiledSnapshot::CTiledSnapshot(std::span<const BYTE> vBytes, std::size_t nRow, const CTiledSnapshot& earlier)
-    : m_nRow(nRow), m_nRows(nRow ? vBytes.size() / nRow : 0)
+namespace
 {
-    const std::size_t nTiles = TilesAcross() * ((m_nRows + SIDE - 1) / SIDE);
-    const bool bSameSize = earlier.m_nRow == m_nRow && earlier.m_nRows == m_nRows;
-    m_vTiles.resize(nTiles);
+
+/// Calls work(i) for each of some tiles, on all cores.
+template<class F>
+void ForTiles(std::size_t nTiles, F work)
+{
     std::atomic<bool> bShortOfMemory = false;
-    const auto take = [&](int iFirst, int iEnd)
-    {
-        for (auto i = static_cast<std::size_t>(iFirst); i < static_cast<std::size_t>(iEnd); ++i)
-        {
-            const Area area = AreaOf(i);
-            if (bSameSize && Matches(*earlier.m_vTiles[i], area, vBytes.data()))
-                m_vTiles[i] = earlier.m_vTiles[i];
-            else
-                m_vTiles[i] = std::make_shared<const Tile>(Take(area, vBytes.data()));
-        }
-    };
     CProgress progress;
     ForBands(static_cast<int>(nTiles), progress,
              [&](int iFirst, int iEnd)
              {
                  try
                  {
-                     take(iFirst, iEnd);
+                     for (auto i = static_cast<std::size_t>(iFirst); i < static_cast<std::size_t>(iEnd); ++i)
+                         work(i);
                  }
                  catch (const std::bad_alloc&)
                  {
@@ -42,6 +33,51 @@ CTiledSnapshot::CTiledSnapshot(std::span<const BYTE> vBytes, std::size_t nRow, c
         throw std::bad_alloc();
 }
 
+} // namespace
+
+CTiledSnapshot::CTiledSnapshot(std::size_t nRow, std::size_t nRows) : m_nRow(nRow), m_nRows(nRows)
+{
+    m_vTiles.resize(TilesAcross() * TilesDown());
+}
+
+CTiledSnapshot::CTiledSnapshot(std::span<const BYTE> vBytes, std::size_t nRow, const CTiledSnapshot& earlier)
+    : CTiledSnapshot(nRow, nRow ? vBytes.size() / nRow : 0)
+{
+    const bool bSameSize = earlier.m_nRow == m_nRow && earlier.m_nRows == m_nRows;
+    ForTiles(m_vTiles.size(),
+             [&](std::size_t i)
+             {
+                 const bool bShared = bSameSize && earlier.m_vTiles[i] && earlier.Matches(i, vBytes.data());
+                 m_vTiles[i] = bShared ? earlier.m_vTiles[i] : Take(i, vBytes.data());
+             });
+}
+
+CTiledSnapshot::Change CTiledSnapshot::Changed(const BYTE* pBefore, const BYTE* pAfter, const Area& area) const
+{
+    Change change = {CTiledSnapshot(m_nRow, m_nRows), *this};
+    const std::vector<std::size_t> vTiles = TilesIn(area);
+    ForTiles(vTiles.size(),
+             [&](std::size_t iPlace)
+             {
+                 const std::size_t i = vTiles[iPlace];
+                 if (SameBytes(i, pBefore, pAfter))
+                     return;
+                 if (!m_vTiles[i])
+                     change.before.m_vTiles[i] = Take(i, pBefore);
+                 change.after.m_vTiles[i] = Take(i, pAfter);
+             });
+    return change;
+}
+
+void CTiledSnapshot::FillFrom(const CTiledSnapshot& other)
+{
+    for (std::size_t i = 0; i < m_vTiles.size(); ++i)
+    {
+        if (!m_vTiles[i])
+            m_vTiles[i] = other.m_vTiles[i];
+    }
+}
+
 CTiledSnapshot::Area CTiledSnapshot::AreaOf(std::size_t iTile) const
 {
     const std::size_t iTop = iTile / TilesAcross() * SIDE;
@@ -49,8 +85,21 @@ CTiledSnapshot::Area CTiledSnapshot::AreaOf(std::size_t iTile) const
     return {iTop, iLeft, std::min(SIDE, m_nRows - iTop), std::min(SIDE, m_nRow - iLeft)};
 }
 
-bool CTiledSnapshot::Matches(const Tile& tile, const Area& area, const BYTE* pBytes) const
+std::vector<std::size_t> CTiledSnapshot::TilesIn(const Area& area) const
 {
+    std::vector<std::size_t> vTiles;
+    for (std::size_t iDown = area.iTop / SIDE; iDown * SIDE < area.iTop + area.nRows; ++iDown)
+    {
+        for (std::size_t iAcross = area.iLeft / SIDE; iAcross * SIDE < area.iLeft + area.nBytes; ++iAcross)
+            vTiles.push_back(iDown * TilesAcross() + iAcross);
+    }
+    return vTiles;
+}
+
+bool CTiledSnapshot::Matches(std::size_t iTile, const BYTE* pBytes) const
+{
+    const Tile& tile = *m_vTiles[iTile];
+    const Area area = AreaOf(iTile);
     const Tile vOneRow(tile.size() == 1 ? area.nBytes : 0, tile.front());
     for (std::size_t y = 0; y < area.nRows; ++y)
     {
@@ -62,8 +111,21 @@ bool CTiledSnapshot::Matches(const Tile& tile, const Area& area, const BYTE* pBy
     return true;
 }
 
-CTiledSnapshot::Tile CTiledSnapshot::Take(const Area& area, const BYTE* pBytes) const
+bool CTiledSnapshot::SameBytes(std::size_t iTile, const BYTE* pOne, const BYTE* pOther) const
 {
+    const Area area = AreaOf(iTile);
+    for (std::size_t y = 0; y < area.nRows; ++y)
+    {
+        const std::size_t iByte = (area.iTop + y) * m_nRow + area.iLeft;
+        if (std::memcmp(pOne + iByte, pOther + iByte, area.nBytes) != 0)
+            return false;
+    }
+    return true;
+}
+
+std::shared_ptr<const CTiledSnapshot::Tile> CTiledSnapshot::Take(std::size_t iTile, const BYTE* pBytes) const
+{
+    const Area area = AreaOf(iTile);
     Tile tile;
     tile.reserve(area.nRows * area.nBytes);
     for (std::size_t y = 0; y < area.nRows; ++y)
@@ -72,13 +134,15 @@ CTiledSnapshot::Tile CTiledSnapshot::Take(const Area& area, const BYTE* pBytes) 
         tile.insert(tile.end(), pRow, pRow + area.nBytes);
     }
     const bool bOneValue = std::memcmp(tile.data(), tile.data() + 1, tile.size() - 1) == 0;
-    return bOneValue ? Tile{tile.front()} : tile;
+    return std::make_shared<const Tile>(bOneValue ? Tile{tile.front()} : std::move(tile));
 }
 
-void CTiledSnapshot::Restore(std::span<BYTE> vBytes) const
+void CTiledSnapshot::Restore(std::span<BYTE> vBytes, const CTiledSnapshot& shown) const
 {
     for (std::size_t i = 0; i < m_vTiles.size(); ++i)
     {
+        if (!m_vTiles[i] || (i < shown.m_vTiles.size() && shown.m_vTiles[i] == m_vTiles[i]))
+            continue;
         const Tile& tile = *m_vTiles[i];
         const Area area = AreaOf(i);
         for (std::size_t y = 0; y < area.nRows; ++y)
@@ -92,17 +156,20 @@ void CTiledSnapshot::Restore(std::span<BYTE> vBytes) const
     }
 }
 
-void CTiledSnapshot::PickPixels(std::size_t iRow, std::span<const int> vColumns, BYTE* pPixels) const
+void CTiledSnapshot::PickPixels(std::size_t iRow, std::span<const int> vColumns, const BYTE* pShown,
+                                BYTE* pPixels) const
 {
     for (const int iColumn : vColumns)
     {
         const std::size_t iByte = static_cast<std::size_t>(iColumn) * 4;
         const std::size_t iTile = iRow / SIDE * TilesAcross() + iByte / SIDE;
-        const Tile& tile = *m_vTiles[iTile];
-        if (tile.size() == 1)
-            std::memset(pPixels, tile.front(), 4);
+        const Tile* const pTile = m_vTiles[iTile].get();
+        if (!pTile)
+            std::memcpy(pPixels, pShown + iByte, 4);
+        else if (pTile->size() == 1)
+            std::memset(pPixels, pTile->front(), 4);
         else
-            std::memcpy(pPixels, tile.data() + iRow % SIDE * AreaOf(iTile).nBytes + iByte % SIDE, 4);
+            std::memcpy(pPixels, pTile->data() + iRow % SIDE * AreaOf(iTile).nBytes + iByte % SIDE, 4);
         pPixels += 4;
     }
 }
@@ -115,7 +182,7 @@ std::size_t CTiledSnapshot::BytesBeyond(const CTiledSnapshot& earlier) const
     for (std::size_t i = 0; i < m_vTiles.size(); ++i)
     {
         const bool bShared = i < earlier.m_vTiles.size() && earlier.m_vTiles[i] == m_vTiles[i];
-        nBytes += bShared ? 0 : m_vTiles[i]->size();
+        nBytes += bShared || !m_vTiles[i] ? 0 : m_vTiles[i]->size();
     }
     return nBytes;
 }

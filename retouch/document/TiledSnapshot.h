@@ -7,23 +7,42 @@
 #include <vector>
 
 /// A picture's bytes as they were at a moment, in square tiles. Tiles that are the same in an earlier snapshot are
-/// shared with it, and tiles of one value keep nothing but that: so a history costs what changed, not whole pictures.
-/// Rows of the picture follow each other without padding.
+/// shared with it, tiles of one value keep nothing but that, and tiles that nothing has changed yet need not be there
+/// at all: so a history costs what changed, not whole pictures. Rows of the picture follow each other without padding.
 class CTiledSnapshot
 {
 public:
     CTiledSnapshot() = default;
 
+    /// Has no tile yet of a picture of nRows rows of nRow bytes.
+    CTiledSnapshot(std::size_t nRow, std::size_t nRows);
+
     /// Takes a picture of nRow bytes a row, sharing what it can with an earlier snapshot of the same size.
     CTiledSnapshot(std::span<const BYTE> vBytes, std::size_t nRow, const CTiledSnapshot& earlier);
 
-    bool IsEmpty() const { return m_vTiles.empty(); }
+    /// A part of the picture.
+    struct Area
+    {
+        std::size_t iTop, iLeft, nRows, nBytes;
+    };
+    Area Whole() const { return {0, 0, m_nRows, m_nRow}; }
 
-    /// Puts the bytes back, as many as were taken.
-    void Restore(std::span<BYTE> vBytes) const;
+    /// What to keep of a picture whose bytes change in an area.
+    struct Change;
 
-    /// Copies some pixels of 4 bytes of one row, by their columns, one after the other. Any thread.
-    void PickPixels(std::size_t iRow, std::span<const int> vColumns, BYTE* pPixels) const;
+    /// The picture is pBefore and will be pAfter, buffers of whole pictures; this is what there is of it before.
+    Change Changed(const BYTE* pBefore, const BYTE* pAfter, const Area& area) const;
+
+    /// Takes the tiles that it does not have itself from another of the same size.
+    void FillFrom(const CTiledSnapshot& other);
+
+    /// Puts the bytes back that are others in the picture as it is shown; without that, all that there are.
+    void Restore(std::span<BYTE> vBytes, const CTiledSnapshot& shown) const;
+    void Restore(std::span<BYTE> vBytes) const { Restore(vBytes, CTiledSnapshot()); }
+
+    /// Copies some pixels of 4 bytes of one row, by their columns, one after the other; pShown is that row in the
+    /// picture as it is now. Any thread.
+    void PickPixels(std::size_t iRow, std::span<const int> vColumns, const BYTE* pShown, BYTE* pPixels) const;
 
     /// Whether both hold the same bytes because nothing changed between them.
     bool IsSameAs(const CTiledSnapshot& other) const;
@@ -36,17 +55,22 @@ private:
 
     /// Row by row; one byte for a tile of one value.
     using Tile = std::vector<BYTE>;
-    struct Area
-    {
-        std::size_t iTop, iLeft, nRows, nBytes;
-    };
 
     std::size_t TilesAcross() const { return (m_nRow + SIDE - 1) / SIDE; }
+    std::size_t TilesDown() const { return (m_nRows + SIDE - 1) / SIDE; }
     Area AreaOf(std::size_t iTile) const;
-    bool Matches(const Tile& tile, const Area& area, const BYTE* pBytes) const;
-    Tile Take(const Area& area, const BYTE* pBytes) const;
+    std::vector<std::size_t> TilesIn(const Area& area) const;
+    bool Matches(std::size_t iTile, const BYTE* pBytes) const;
+    bool SameBytes(std::size_t iTile, const BYTE* pOne, const BYTE* pOther) const;
+    std::shared_ptr<const Tile> Take(std::size_t iTile, const BYTE* pBytes) const;
 
     std::size_t m_nRow = 0;
     std::size_t m_nRows = 0;
-    std::vector<std::shared_ptr<const Tile>> m_vTiles;
+    std::vector<std::shared_ptr<const Tile>> m_vTiles; ///< NULL for one that nothing has changed yet.
+};
+
+struct CTiledSnapshot::Change
+{
+    CTiledSnapshot before; ///< Tiles that changed and that nobody had.
+    CTiledSnapshot after;
 };

@@ -98,7 +98,7 @@ void CPresenter::FillRow(const VisiblePart& part, int y, PixelView pixels)
     if (IsOriginalShown())
     {
         m_document.Original()->PickPixels(static_cast<std::size_t>(m_document.Photo()->Height() - 1 - iRow),
-                                          part.vColumns, pPixel);
+                                          part.vColumns, m_document.Photo()->Row(iRow), pPixel);
         return;
     }
     PickPhotoRow(part, iRow, pPixel);
