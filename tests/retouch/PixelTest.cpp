@@ -1,5 +1,6 @@
 #include "pixels/AutoContrast.h"
 #include "pixels/BrightnessContrast.h"
+#include "pixels/Effects.h"
 #include "pixels/LargeBuffer.h"
 #include "pixels/MaskDistance.h"
 
@@ -111,6 +112,71 @@ TEST(PixelTest, LargeBuffersBeginAtZeroAndHoldAllTheirBytes)
         EXPECT_EQ(std::ranges::count(moved.Bytes(), 7), static_cast<std::ptrdiff_t>(nBytes));
     }
     EXPECT_THROW(CLargeBuffer(std::size_t{1} << 60), std::bad_alloc);
+}
+
+double Spread(const Bytes& bytes, std::size_t iChannel)
+{
+    double dSum = 0;
+    double dSquares = 0;
+    for (std::size_t i = iChannel; i < bytes.size(); i += 4)
+    {
+        dSum += bytes[i];
+        dSquares += bytes[i] * bytes[i];
+    }
+    const double n = static_cast<double>(bytes.size()) / 4;
+    return std::sqrt(dSquares / n - dSum * dSum / n / n);
+}
+
+double Mean(const Bytes& bytes, std::size_t iChannel)
+{
+    double dSum = 0;
+    for (std::size_t i = iChannel; i < bytes.size(); i += 4)
+        dSum += bytes[i];
+    return dSum * 4 / static_cast<double>(bytes.size());
+}
+
+TEST(PixelTest, EffectsDoAsTheySayAndHaveNoSeams)
+{
+    const struct
+    {
+        const char* pszName;
+        void (*pApply)(PixelView, PixelRect);
+        bool (*pIsRight)(const Bytes& before, const Bytes& after);
+    } EFFECTS[] = {
+        {"blur", &Blur, [](const Bytes& b, const Bytes& a) { return Spread(a, 1) < 0.3 * Spread(b, 1); }},
+        {"sharpen", &Sharpen, [](const Bytes& b, const Bytes& a) { return Spread(a, 1) > 1.3 * Spread(b, 1); }},
+        {"mosaic", &Mosaic, [](const Bytes& b, const Bytes& a) { return Spread(a, 1) < 0.2 * Spread(b, 1); }},
+        {"saturate", &Saturate, [](const Bytes& b, const Bytes& a) { return Spread(a, 0) > 1.2 * Spread(b, 0); }},
+        {"warm", &Warm,
+         [](const Bytes& b, const Bytes& a) { return Mean(a, 2) > Mean(b, 2) && Mean(a, 0) < Mean(b, 0); }},
+        {"denoise", &Denoise, [](const Bytes& b, const Bytes& a) { return Spread(a, 1) < 0.9 * Spread(b, 1); }},
+    };
+    const Bytes before = Random(CX * CY * 4, 5);
+    std::mt19937 random(6);
+    for (const auto& effect : EFFECTS)
+    {
+        Bytes whole = before;
+        effect.pApply(ViewOf(whole), {-5, -5, CX + 9, CY + 9});
+        EXPECT_TRUE(effect.pIsRight(before, whole)) << effect.pszName;
+        EXPECT_NEAR(Mean(whole, 1), Mean(before, 1), 3) << effect.pszName;
+        EXPECT_EQ(Mean(whole, 3), Mean(before, 3)) << effect.pszName;
+        for (int n = 0; n < 8; ++n)
+        {
+            const int x = static_cast<int>(random() % CX);
+            const int y = static_cast<int>(random() % CY);
+            const PixelRect rect = {x, y, x + static_cast<int>(random() % 20), y + static_cast<int>(random() % 90)};
+            Bytes part = before;
+            effect.pApply(ViewOf(part), rect);
+            for (std::size_t i = 0; i < part.size(); ++i)
+            {
+                const int iColumn = static_cast<int>(i / 4 % CX);
+                const int iRow = CY - 1 - static_cast<int>(i / 4 / CX);
+                const bool bInside =
+                    iColumn >= rect.left && iColumn < rect.right && iRow >= rect.top && iRow < rect.bottom;
+                ASSERT_EQ(part[i], (bInside ? whole : before)[i]) << effect.pszName << " " << iColumn << " " << iRow;
+            }
+        }
+    }
 }
 
 } // namespace
