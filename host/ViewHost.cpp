@@ -11,6 +11,7 @@
 namespace
 {
 
+constexpr const char* POINTER_LEFT_COMMAND = "pointer-left";
 constexpr const char* SCROLL_COMMAND = "view-scroll";
 constexpr const char* ZOOM_COMMAND = "view-zoom";
 
@@ -75,6 +76,8 @@ BOOL CViewHost::PreTranslateMessage(MSG* pMsg)
 {
     if ((pMsg->message == WM_KEYDOWN || pMsg->message == WM_KEYUP) && Holds(pMsg->hwnd))
         TellKey(*pMsg);
+    if (pMsg->message == WM_LBUTTONDBLCLK && Holds(pMsg->hwnd) && m_IsPressesOnly && m_IsPressesOnly())
+        pMsg->message = WM_LBUTTONDOWN;
     // As the main window it is asked about the messages of others, too.
     const bool bZooms = pMsg->message == WM_MOUSEWHEEL && (pMsg->wParam & MK_CONTROL) && Holds(pMsg->hwnd);
     if (!bZooms)
@@ -103,11 +106,22 @@ void CViewHost::ZoomByGesture(double dbZoom, ExactPoint ptWindow)
     m_Zoom.ZoomAbout(dbZoom, ptWindow);
 }
 
+void CViewHost::PointerLeft()
+{
+    winlite::TheJournal().OnCommand(POINTER_LEFT_COMMAND);
+    m_view.Invalidate(FALSE);
+}
+
 bool CViewHost::Execute(const std::string& strCommand)
 {
     std::istringstream command(strCommand);
     std::string strName;
     command >> strName;
+    if (strName == POINTER_LEFT_COMMAND)
+    {
+        PointerLeft();
+        return true;
+    }
     if (strName == SCROLL_COMMAND)
     {
         int dx = 0;

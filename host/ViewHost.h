@@ -33,11 +33,18 @@ public:
     using KeyListener = std::function<void(UINT uKey, bool bDown)>;
     [[nodiscard]] Subscription ListenToKeys(KeyListener listener);
 
+    /// Says when double clicks shall be two presses: the view keeps a double click's release from its tool, so that a
+    /// brush would lose every second of fast dabs.
+    void SetPressesOnly(std::function<bool()> isWanted) { m_IsPressesOnly = std::move(isWanted); }
+
     /// Moves the picture as a gesture outside winlite's input asks: to the right and down where positive.
     void ScrollByGesture(int dx, int dy);
     void ZoomByGesture(double dbZoom, ExactPoint ptWindow);
 
-    /// Repeats one of these two from a recorded session; FALSE for other commands.
+    /// The pointer has left the picture: what a tool shows about it goes.
+    void PointerLeft();
+
+    /// Repeats one of these three from a recorded session; FALSE for other commands.
     bool Execute(const std::string& strCommand);
 
 protected:
@@ -53,6 +60,7 @@ private:
 
     std::vector<std::weak_ptr<const Listener>> m_vListeners;
     std::vector<std::weak_ptr<const KeyListener>> m_vKeyListeners;
+    std::function<bool()> m_IsPressesOnly;
     Pixtane::CPixtane m_view;
     CViewZoom m_Zoom{m_view};
 };

@@ -32,6 +32,7 @@ CPixtaneWidget::CPixtaneWidget(QWidget* pParent)
     m_pSubscription = m_pHost->Listen([this](UINT uCode, CPoint ptWindow) { return OnNotified(uCode, ptWindow); });
     setAcceptDrops(true);
     setFocusProxy(m_pWindow);
+    m_pWindow->installEventFilter(this);
 }
 
 CPixtaneWidget::~CPixtaneWidget()
@@ -74,6 +75,13 @@ bool CPixtaneWidget::event(QEvent* pEvent)
     const QPoint ptPixel = m_pWindow->PixelAt(gesture.position());
     m_pHost->ZoomByGesture(View().dbZoom() * (1 + gesture.value()), ExactPoint::MiddleOf(ptPixel.x(), ptPixel.y()));
     return true;
+}
+
+bool CPixtaneWidget::eventFilter(QObject* pWatched, QEvent* pEvent)
+{
+    if (pWatched == m_pWindow && pEvent->type() == QEvent::Leave)
+        m_pHost->PointerLeft();
+    return QWidget::eventFilter(pWatched, pEvent);
 }
 
 void CPixtaneWidget::resizeEvent(QResizeEvent*) { m_pWindow->resize(size()); }

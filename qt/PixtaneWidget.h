@@ -61,6 +61,7 @@ signals:
 
 protected:
     bool event(QEvent* pEvent) override;
+    bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
     void resizeEvent(QResizeEvent* pEvent) override;
 
     /// Gets what the view does not take: horizontal turns, which move the picture.
