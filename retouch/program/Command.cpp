@@ -44,6 +44,35 @@ std::optional<Value> ReadWord(const Argument& argument, const std::string& strWo
     return std::nullopt;
 }
 
+/// A point, like "100,80".
+std::optional<CPoint> ReadPoint(const std::string& strWord)
+{
+    CPoint pt(0, 0);
+    const char* const pEnd = strWord.data() + strWord.size();
+    const auto [pComma, errorX] = std::from_chars(strWord.data(), pEnd, pt.x);
+    if (errorX != std::errc() || pComma == pEnd || *pComma != ',')
+        return std::nullopt;
+    const auto [pRead, errorY] = std::from_chars(pComma + 1, pEnd, pt.y);
+    return errorY == std::errc() && pRead == pEnd ? std::optional(pt) : std::nullopt;
+}
+
+std::optional<Value> TakePoints(std::string& strRest, std::string& strError)
+{
+    Points vPoints;
+    while (!strRest.empty())
+    {
+        const std::optional<std::string> strWord = TakeWord(strRest, strError);
+        const std::optional<CPoint> pt = strWord ? ReadPoint(*strWord) : std::nullopt;
+        if (!pt)
+        {
+            strError = Message(QT_TRANSLATE_NOOP("Program", "\"%1\" is no point like 100,80"), {strWord.value_or("")});
+            return std::nullopt;
+        }
+        vPoints.push_back(*pt);
+    }
+    return vPoints;
+}
+
 std::optional<Value> TakeValue(const Argument& argument, std::string& strRest, std::string& strError)
 {
     if (strRest.empty())
@@ -51,6 +80,8 @@ std::optional<Value> TakeValue(const Argument& argument, std::string& strRest, s
         strError = Message(QT_TRANSLATE_NOOP("Program", "%1 is missing"), {argument.pszName});
         return std::nullopt;
     }
+    if (argument.eKind == Argument::Kind::Points)
+        return TakePoints(strRest, strError);
     // A name without quotes may have blanks in it.
     const bool bRest = argument.eKind == Argument::Kind::Path && strRest.front() != '"' && strRest.front() != '\'';
     const std::optional<std::string> strWord =

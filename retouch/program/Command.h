@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/framework.h"
 #include "program/Jobs.h"
 
 #include <limits>
@@ -18,6 +19,7 @@ struct Argument
         Number, ///< A whole number from iLeast to iMost.
         Word,   ///< One of vWords.
         Path,   ///< A file's name: quoted, or the rest of the line.
+        Points, ///< One or more "X,Y", the rest of the line.
     };
     static constexpr int ANY = std::numeric_limits<int>::max(); ///< No limit that the command knows beforehand.
 
@@ -28,7 +30,8 @@ struct Argument
     std::vector<std::string> vWords = {};
 };
 
-using Values = std::vector<std::variant<int, std::string>>;
+using Points = std::vector<CPoint>;
+using Values = std::vector<std::variant<int, std::string, Points>>;
 
 /// A row of the table of commands: what one is called, what it expects and does.
 struct Command

@@ -1,12 +1,14 @@
 #include "program/CommandTable.h"
 
 #include "host/ViewHost.h"
+#include "program/Brushes.h"
 #include "program/ColourPick.h"
 #include "program/Limits.h"
 #include "program/LongWork.h"
 #include "program/Message.h"
 #include "program/Saving.h"
 #include "program/Selection.h"
+#include "program/StrokeCommand.h"
 #include "program/ToolBox.h"
 #include "program/Undo.h"
 
@@ -201,6 +203,20 @@ std::vector<Command> ToolCommands()
         {"apply-transform", {}, Simply([](P& parts) { parts.tools.EndSession(true); })},
         {"cancel-transform", {}, Simply([](P& parts) { parts.tools.EndSession(false); }), Middle::Keeps},
         {END_MIDDLE_COMMAND, {}, Simply([](P&) {})},
+        {PICK_SOURCE_COMMAND,
+         {},
+         [](P& parts, const Values&, std::string& strError)
+         { return parts.tools.BeginSession(MakeSourcePick(parts), strError); }},
+        {"clone-source",
+         {PLACE_X, PLACE_Y},
+         [](P& parts, const Values& v, std::string& strError) {
+             return SetCloneSource(parts, {Number(v, 0), Number(v, 1)}, strError);
+         }},
+        {"stroke",
+         {{"X,Y ...", Argument::Kind::Points}},
+         [](P& parts, const Values& v, std::string& strError)
+         { return PaintStroke(parts, std::get<Points>(v[0]), strError); }},
+        {"drop", {}, Simply([](P& parts) { parts.tools.DropGesture(); }), Middle::Keeps, DuringJob::Runs},
     };
 }
 

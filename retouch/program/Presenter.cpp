@@ -53,6 +53,8 @@ bool CPresenter::IsSelected() const
 
 void CPresenter::Update()
 {
+    if (m_IsPainting && m_IsPainting())
+        return; // It comes again when the stroke has ended.
     const VisiblePart part = VisiblePartOf(m_view);
     const bool bClaimed = IsOriginalShown() || m_Preview || (m_bTint && IsSelected());
     if (bClaimed && !part.rcWindow.IsRectEmpty() && m_document.Photo())

@@ -8,7 +8,7 @@
 
 /// The owner of the view's one cover. Those who claim it get it in this order: the original, a preview, the tint of
 /// what is not selected. The cover is filled for what is visible only, and again whenever that changes. Who else shows
-/// a cover (a tool while it works) finds it free as long as none of these is on. User-interface thread.
+/// a cover: a brush has it during a stroke, whatever else is on. User-interface thread.
 class CPresenter
 {
 public:
@@ -16,6 +16,9 @@ public:
     using Adjust = std::function<void(PixelView pixels, MaskView weights)>;
 
     CPresenter(Pixtane::CPixtane& view, CDocument& document) : m_view(view), m_document(document) {}
+
+    /// Says whether a brush has the cover.
+    void SetStroke(std::function<bool()> isPainting) { m_IsPainting = std::move(isPainting); }
 
     /// Nothing happens while there is no other original.
     void ShowOriginal(bool bShow);
@@ -40,6 +43,7 @@ private:
 
     Pixtane::CPixtane& m_view;
     CDocument& m_document;
+    std::function<bool()> m_IsPainting;
     bool m_bOriginal = false;
     Adjust m_Preview;
     bool m_bTint = false;

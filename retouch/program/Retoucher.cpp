@@ -1,8 +1,10 @@
 #include "program/Retoucher.h"
 
+#include "program/Brushes.h"
 #include "program/ColourPick.h"
 #include "program/HeldHand.h"
 #include "program/LongWork.h"
+#include "program/Message.h"
 #include "view/Notifications.h"
 
 #include <utility>
@@ -11,16 +13,25 @@ CRetoucher::CRetoucher(CViewHost& host, LongWork eLongWork)
     : m_host(host), m_runner(m_parts, eLongWork == LongWork::InBackground, [this] { CommitSelection(); })
 {
     m_parts.changed = [this] { Tell(); };
-    m_parts.photoShown = [this] { m_strPending.clear(); };
+    m_parts.photoShown = [this]
+    {
+        m_strPending.clear();
+        ForgetStrokes(m_tools);
+    };
+    m_presenter.SetStroke([this] { return IsPainting(); });
+    m_tools.strokeEnded = [this] { m_presenter.Update(); };
     m_runner.Jobs().SetListener([this](const std::string& strError) { Tell(strError); });
     m_vSubscriptions = {m_host.Listen([this](UINT uCode, CPoint) { return OnNotified(uCode); }),
                         m_host.ListenToKeys([this](UINT uKey, bool bDown) { OnKey(uKey, bDown); })};
+    m_host.SetPressesOnly([this] { return m_tools.Painter() != nullptr; });
     m_tools.LoadChosen();
 }
 
 CRetoucher::~CRetoucher()
 {
     m_vSubscriptions.clear();
+    m_tools.strokeEnded = {};
+    m_host.SetPressesOnly({});
     m_parts.view.UnloadEmbeddedTool();
     // The view shows the photo's pixels, which go before it.
     m_parts.view.ClearBitmap(FALSE);
@@ -48,6 +59,10 @@ LRESULT CRetoucher::OnNotified(UINT uCode)
         m_parts.view.ShowSelection(FALSE);
     if (uCode == Pixtane::PVN_DISPLAYCHANGED)
         m_presenter.Update();
+    if (const char* const pszStroke = CToolBox::StrokeNameOf(uCode))
+        CommitStroke(pszStroke);
+    if (uCode == Pixtane::PVN_CLONESTAMP_NOSOURCE)
+        Tell(Message(QT_TRANSLATE_NOOP("Program", "set the source first: Alt and a click, or S and a click")));
     if (CToolSession* const pSession = m_tools.Session())
         pSession->OnNotified(uCode);
     CommitSelection();
@@ -62,6 +77,16 @@ void CRetoucher::CommitSelection()
     const bool bStep = m_selection.AddStep(std::exchange(m_strPending, {}));
     if (m_tools.Current().bPicksColour)
         RememberWand(m_parts, bStep);
+    Tell();
+}
+
+void CRetoucher::CommitStroke(const char* pszStep)
+{
+    const CPainter* const pPainter = m_tools.Painter();
+    const BYTE* const pPixels = pPainter && !m_tools.IsDropping() ? pPainter->Result() : nullptr;
+    if (!pPixels || !m_document.CommitArea(pPixels, pPainter->PaintedArea(), pszStep))
+        return;
+    m_parts.view.UpdateBitmap(m_document.Photo()->Info(), m_document.Photo()->Pixels(), TRUE);
     Tell();
 }
 

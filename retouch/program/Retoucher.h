@@ -3,6 +3,7 @@
 #include "host/ViewHost.h"
 #include "program/CommandRunner.h"
 #include "program/CommandTable.h"
+#include "program/PaintTool.h"
 #include "program/ProgramParts.h"
 #include "program/ProgramState.h"
 #include "program/Selection.h"
@@ -42,6 +43,9 @@ public:
     void WhenIdle(std::function<void()> call) { m_runner.WhenIdle(std::move(call)); }
     bool IsBusy() const { return m_runner.Jobs().IsBusy(); }
 
+    /// Whether a stroke of a brush is under way.
+    bool IsPainting() const { return m_tools.Painter() && m_tools.Painter()->IsPainting(); }
+
     /// What a window shows of it all.
     ProgramState State() const { return StateOf(m_parts, m_runner.Jobs()); }
 
@@ -64,6 +68,7 @@ private:
     LRESULT OnNotified(UINT uCode);
     void OnKey(UINT uKey, bool bDown);
     void CommitSelection();
+    void CommitStroke(const char* pszStep);
     void Tell(const std::string& strError = {});
 
     CViewHost& m_host;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+class CPainter;
 class CToolBox;
 struct ProgramParts;
 
@@ -50,6 +51,9 @@ struct ToolOption
     std::vector<Choice> vChoices; ///< Unless empty, the value is one of these, counted from iLeast.
     int (*pGet)(const CToolBox& tools);
     void (*pSet)(ProgramParts& parts, int iValue);
+    const char* pszLessKey = ""; ///< Keys that make a number smaller and larger by a step.
+    const char* pszMoreKey = "";
+    bool bDigits = false; ///< The keys 1 to 9 and 0 set it to tenths of the whole.
 
     /// A value as the command has it.
     std::string Text(int iValue) const;
@@ -71,8 +75,8 @@ struct Tool
     const char* pszHint;
     Icon icon;
     std::span<const UINT> vKeys; ///< Virtual codes of keys that go to the tool before the program's shortcuts.
-    std::span<const ToolOption> vOptions;
-    std::span<const StepName> vSteps;  ///< The notifications that make a step.
+    std::span<const ToolOption* const> vOptions;
+    std::span<const StepName> vSteps;  ///< The notifications that make a step of the selection.
     const char* pszSettings = nullptr; ///< The name that its settings are kept under; several tools may share it.
     bool bPicksColour = false;         ///< A change of the tolerance repeats its last click.
 
@@ -81,6 +85,11 @@ struct Tool
 
     /// Makes the session that choosing it begins; NULL for a tool that stays.
     std::unique_ptr<CToolSession> (*pBegin)(ProgramParts& parts) = nullptr;
+
+    // A brush.
+    std::span<const StepName> vStrokes = {};                ///< The notifications that make a step of the pixels.
+    CPainter* (*pPainter)(const CToolBox& tools) = nullptr; ///< The library's tool as a brush.
+    std::span<const Choice> vActions = {};                  ///< Buttons for commands without arguments.
 };
 
 /// All tools in the order of the palette, the first of them chosen at first.

@@ -49,12 +49,22 @@ void CToolBox::EndMiddle(bool bApply)
     EndSession(bApply);
 }
 
-const char* CToolBox::StepNameOf(UINT uCode)
+void CToolBox::DropGesture()
+{
+    if (!IsGesture())
+        return;
+    m_bDropping = true;
+    ::ReleaseCapture();
+    m_bDropping = false;
+}
+
+const char* CToolBox::NameOf(UINT uCode, std::span<const StepName> Tool::*pNames)
 {
     for (const Tool& tool : Tools())
     {
-        const auto it = std::ranges::find(tool.vSteps, uCode, &StepName::uCode);
-        if (it != tool.vSteps.end())
+        const std::span<const StepName> vNames = tool.*pNames;
+        const auto it = std::ranges::find(vNames, uCode, &StepName::uCode);
+        if (it != vNames.end())
             return it->pszName;
     }
     return nullptr;
@@ -88,14 +98,12 @@ std::vector<std::string> CToolBox::CommandsOf(const char* pszSettings, const std
     std::vector<std::string> vCommands;
     for (const ToolOption* pOption : ToolOptions())
     {
-        const bool bOwn = std::ranges::any_of(Tools(),
-                                              [&](const Tool& tool)
-                                              {
-                                                  return tool.pszSettings &&
-                                                         pszSettings == std::string(tool.pszSettings) &&
-                                                         !tool.vOptions.empty() && &tool.vOptions.front() <= pOption &&
-                                                         pOption <= &tool.vOptions.back();
-                                              });
+        const auto isOwn = [&](const Tool& tool)
+        {
+            return tool.pszSettings && pszSettings == std::string(tool.pszSettings) &&
+                   std::ranges::find(tool.vOptions, pOption) != tool.vOptions.end();
+        };
+        const bool bOwn = std::ranges::any_of(Tools(), isOwn);
         const int iValue = pOption->pGet(*this);
         if (bOwn && iValue >= pOption->iLeast && iValue <= pOption->iMost)
             vCommands.push_back(std::string(pOption->pszWord) + " " + pOption->Text(iValue));

@@ -50,6 +50,10 @@ public:
     bool IsGesture() const { return ::GetCapture() == m_view.m_hWnd; }
     void EndMiddle(bool bApply);
 
+    /// Ends a gesture so that nothing comes of it.
+    void DropGesture();
+    bool IsDropping() const { return m_bDropping; }
+
     /// Puts a tool into the view for one operation of its own, and the chosen one back. That unloads the person's tool
     /// and loads it again, which stops and starts a brush's threads: for operations that no other way leads to.
     template<class T, class F>
@@ -61,8 +65,15 @@ public:
         LoadChosen();
     }
 
-    /// What the history calls a change that the view tells of; NULL when it is none.
-    static const char* StepNameOf(UINT uCode);
+    /// The chosen tool as a brush; NULL when it is none.
+    CPainter* Painter() const { return m_pChosen->pPainter ? m_pChosen->pPainter(*this) : nullptr; }
+
+    /// Is called when a stroke of a brush has ended and the view shows its bitmap again.
+    std::function<void()> strokeEnded;
+
+    /// What the history calls a change of the selection, or a stroke, that the view tells of; NULL when it is none.
+    static const char* StepNameOf(UINT uCode) { return NameOf(uCode, &Tool::vSteps); }
+    static const char* StrokeNameOf(UINT uCode) { return NameOf(uCode, &Tool::vStrokes); }
 
     /// The settings kept under a name, as the tool's own bytes.
     std::vector<BYTE> Settings(const char* pszSettings);
@@ -71,11 +82,13 @@ public:
     std::vector<std::string> CommandsOf(const char* pszSettings, const std::vector<BYTE>& vSettings);
 
 private:
+    static const char* NameOf(UINT uCode, std::span<const StepName> Tool::*pNames);
     Pixtane::CPixtane::IEmbeddedTool& Keeper(const char* pszSettings);
 
     Pixtane::CPixtane& m_view;
     mutable std::map<std::type_index, std::unique_ptr<Pixtane::CPixtane::IEmbeddedTool>> m_vEmbedded;
     const Tool* m_pChosen = &Tools().front();
     std::unique_ptr<CToolSession> m_pSession;
+    bool m_bDropping = false;
     const Tool* m_pSessionTool = nullptr; ///< The row that began the session, if one did.
 };

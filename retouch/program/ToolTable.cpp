@@ -1,3 +1,4 @@
+#include "program/Brushes.h"
 #include "program/ColourPick.h"
 #include "program/Limits.h"
 #include "program/Tool.h"
@@ -42,36 +43,59 @@ const std::vector<Choice> RULES = {
     {"intersect", QT_TRANSLATE_NOOP("Tool", "Intersect with selection"), "4", {"R 10 10 4 4", Icon::Style::Merge}},
 };
 
-const ToolOption SELECTOR_OPTIONS[] = {
-    {"rule", "RULE", "", "", "", RegionSelector::OM_NEW, RegionSelector::OM_INTERSECT, RULES,
-     [](const CToolBox& tools) -> int { return Selector(tools).GetSelectOverlapMode(); },
-     [](ProgramParts& parts, int iRule)
-     { Selector(parts).SetSelectOverlapMode(static_cast<RegionSelector::emOverlapMode>(iRule)); }},
-    {"feather",
-     "PIXELS",
-     QT_TRANSLATE_NOOP("Tool", " &Feather "),
-     QT_TRANSLATE_NOOP("Tool", " px"),
-     QT_TRANSLATE_NOOP("Tool", "How soft the edge of new shapes is"),
-     0,
-     MOST_PIXELS,
-     {},
-     [](const CToolBox& tools) { return Selector(tools).GetFeatherRadius(); },
-     [](ProgramParts& parts, int iPixels) { Selector(parts).SetFeatherRadius(iPixels); }},
-    {"tolerance",
-     "LEVELS",
-     QT_TRANSLATE_NOOP("Tool", "  &Tolerance "),
-     "",
-     QT_TRANSLATE_NOOP("Tool", "How far colours may differ for the magic wand and the colour range"),
-     0,
-     255,
-     {},
-     [](const CToolBox& tools) { return Selector(tools).GetTorlerance(); },
-     [](ProgramParts& parts, int iLevels)
-     {
-         Selector(parts).SetTorlerance(iLevels);
-         RepeatPick(parts);
-     }},
-};
+const ToolOption RULE = {"rule",
+                         "RULE",
+                         "",
+                         "",
+                         "",
+                         RegionSelector::OM_NEW,
+                         RegionSelector::OM_INTERSECT,
+                         RULES,
+                         [](const CToolBox& tools) -> int { return Selector(tools).GetSelectOverlapMode(); },
+                         [](ProgramParts& parts, int iRule)
+                         { Selector(parts).SetSelectOverlapMode(static_cast<RegionSelector::emOverlapMode>(iRule)); }};
+
+const ToolOption FEATHER = {"feather",
+                            "PIXELS",
+                            QT_TRANSLATE_NOOP("Tool", " &Feather "),
+                            QT_TRANSLATE_NOOP("Tool", " px"),
+                            QT_TRANSLATE_NOOP("Tool", "How soft the edge of new shapes is"),
+                            0,
+                            MOST_PIXELS,
+                            {},
+                            [](const CToolBox& tools) { return Selector(tools).GetFeatherRadius(); },
+                            [](ProgramParts& parts, int iPixels) { Selector(parts).SetFeatherRadius(iPixels); }};
+
+const ToolOption TOLERANCE = {
+    "tolerance",
+    "LEVELS",
+    QT_TRANSLATE_NOOP("Tool", "  &Tolerance "),
+    "",
+    QT_TRANSLATE_NOOP("Tool", "How far colours may differ for the magic wand and the colour range"),
+    0,
+    255,
+    {},
+    [](const CToolBox& tools) { return Selector(tools).GetTorlerance(); },
+    [](ProgramParts& parts, int iLevels)
+    {
+        Selector(parts).SetTorlerance(iLevels);
+        RepeatPick(parts);
+    }};
+
+const ToolOption* const SELECTOR_OPTIONS[] = {&RULE, &FEATHER, &TOLERANCE};
+const ToolOption* const CLONE_OPTIONS[] = {&BRUSH_SIZE, &BRUSH_HARDNESS, &BRUSH_STRENGTH, &CLONE_ALIGNED};
+const ToolOption* const DODGE_OPTIONS[] = {&BRUSH_SIZE, &BRUSH_HARDNESS, &BRUSH_STRENGTH, &DODGE_OR_BURN};
+const ToolOption* const EFFECT_OPTIONS[] = {&BRUSH_SIZE, &BRUSH_HARDNESS, &BRUSH_STRENGTH, &BRUSH_EFFECT};
+
+constexpr StepName CLONE_STROKES[] = {{Pixtane::PVN_CLONESTAMP_END, QT_TRANSLATE_NOOP("History", "Clone")}};
+constexpr StepName DODGE_STROKES[] = {{Pixtane::PVN_DODGE_END, QT_TRANSLATE_NOOP("History", "Dodge")},
+                                      {Pixtane::PVN_BURN_END, QT_TRANSLATE_NOOP("History", "Burn")}};
+constexpr StepName EFFECT_STROKES[] = {{Pixtane::PVN_EFFECTBRUSH_END, QT_TRANSLATE_NOOP("History", "Effect Brush")}};
+
+const Choice CLONE_ACTIONS[] = {{PICK_SOURCE_COMMAND,
+                                 QT_TRANSLATE_NOOP("Tool", "Set the source with the next click"),
+                                 "S",
+                                 {"E 5 5 14 14 M 12 2 L 12 9 M 12 15 L 12 22 M 2 12 L 9 12 M 15 12 L 22 12"}}};
 
 template<RegionSelector::emSelectMode MODE>
 Embedded& Shape(CToolBox& tools)
@@ -84,6 +108,8 @@ Embedded& Shape(CToolBox& tools)
 Embedded& Hand(CToolBox& tools) { return tools.Embedded<ImageMover>(); }
 
 constexpr const char* SELECTOR_SETTINGS = "selectorSettings";
+constexpr const char* BRUSH_HINT =
+    QT_TRANSLATE_NOOP("Tool", "Shift+click: a straight line; [ and ]: size, Shift+[ and ]: hardness, digits: strength");
 constexpr const char* SHAPE_HINT = QT_TRANSLATE_NOOP("Tool", "Shift: equal sides, Space: move the shape");
 
 const Tool TOOLS[] = {
@@ -168,6 +194,49 @@ const Tool TOOLS[] = {
      false,
      nullptr,
      &MakeTransform},
+    {"clone",
+     QT_TRANSLATE_NOOP("Tool", "Clone stamp"),
+     "C",
+     QT_TRANSLATE_NOOP("Tool", "Alt+click, or S and a click, sets where to copy from; then paint"),
+     {"M 4 20 L 20 20 M 6 17 L 6 14 L 10.5 13 L 9.5 7 C 9 3 15 3 14.5 7 L 13.5 13 L 18 14 L 18 17 Z"},
+     {},
+     CLONE_OPTIONS,
+     {},
+     "cloneSettings",
+     false,
+     &PrepareClone,
+     nullptr,
+     CLONE_STROKES,
+     &CloneBrush,
+     CLONE_ACTIONS},
+    {"dodge-burn",
+     QT_TRANSLATE_NOOP("Tool", "Dodge and burn"),
+     "O",
+     BRUSH_HINT,
+     {"E 4 4 16 16 M 12 4 L 12 20 M 12 8 L 19 8 M 12 12 L 20 12 M 12 16 L 19 16"},
+     {},
+     DODGE_OPTIONS,
+     {},
+     "dodgeBurnSettings",
+     false,
+     &PrepareDodge,
+     nullptr,
+     DODGE_STROKES,
+     &DodgeBrush},
+    {"effect",
+     QT_TRANSLATE_NOOP("Tool", "Effect brush"),
+     "J",
+     BRUSH_HINT,
+     {"M 20 3 L 11 13 M 18 4.5 L 13 7 M 10.5 13 C 7 13 8 18 4 20 C 9 21.5 13 20 12 14.5 Z"},
+     {},
+     EFFECT_OPTIONS,
+     {},
+     "effectSettings",
+     false,
+     &PrepareEffect,
+     nullptr,
+     EFFECT_STROKES,
+     &EffectBrushOf},
 };
 
 } // namespace
@@ -185,10 +254,10 @@ std::vector<const ToolOption*> ToolOptions()
     std::vector<const ToolOption*> vOptions;
     for (const Tool& tool : TOOLS)
     {
-        for (const ToolOption& option : tool.vOptions)
+        for (const ToolOption* const pOption : tool.vOptions)
         {
-            if (std::ranges::find(vOptions, &option) == vOptions.end())
-                vOptions.push_back(&option);
+            if (std::ranges::find(vOptions, pOption) == vOptions.end())
+                vOptions.push_back(pOption);
         }
     }
     return vOptions;
