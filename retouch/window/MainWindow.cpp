@@ -197,6 +197,11 @@ bool CMainWindow::eventFilter(QObject* pWatched, QEvent* pEvent)
     if (!bKey || !isActiveWindow())
         return QMainWindow::eventFilter(pWatched, pEvent);
     const auto* pKey = static_cast<QKeyEvent*>(pEvent);
+    if (pKey->key() == Qt::Key_Escape && pEvent->type() == QEvent::KeyPress && m_retoucher.IsPainting())
+    {
+        Execute("drop");
+        return true;
+    }
     if (pKey->key() != Qt::Key_B || pKey->modifiers() != Qt::NoModifier)
         return QMainWindow::eventFilter(pWatched, pEvent);
     if (!pKey->isAutoRepeat())

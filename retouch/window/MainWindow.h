@@ -32,7 +32,7 @@ public:
     void OpenFile(const QString& strPath);
 
 protected:
-    /// B shows the original while it is held, wherever the focus is in this window.
+    /// B shows the original while it is held, wherever the focus is in this window, and Esc drops a stroke.
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
     void showEvent(QShowEvent* pEvent) override;
 

@@ -1,5 +1,8 @@
 #include "window/OptionsBar.h"
 
+#include "window/ToolIcons.h"
+
+#include <algorithm>
 #include <QCoreApplication>
 #include <QLabel>
 #include <QScopedValueRollback>
@@ -12,7 +15,7 @@ QString Translated(const char* pszText) { return QCoreApplication::translate("To
 
 bool Has(const Tool& tool, const ToolOption* pOption)
 {
-    return pOption >= tool.vOptions.data() && pOption < tool.vOptions.data() + tool.vOptions.size();
+    return std::ranges::find(tool.vOptions, pOption) != tool.vOptions.end();
 }
 
 } // namespace
@@ -29,6 +32,8 @@ COptionsBar::COptionsBar(QWidget* pParent, ExecuteCommand execute, std::function
         else
             AddChoices(*pOption);
     }
+    for (const Tool& tool : Tools())
+        AddActions(tool);
 }
 
 void COptionsBar::AddChoices(const ToolOption& option)
@@ -45,7 +50,8 @@ void COptionsBar::AddNumber(const ToolOption& option)
     pNumber->setSuffix(Translated(option.pszSuffix));
     pNumber->setToolTip(Translated(option.pszTip));
     pLabel->setBuddy(pNumber);
-    m_vEntries.push_back({&option, nullptr, pNumber, {addWidget(pLabel), addWidget(pNumber)}});
+    m_vEntries.push_back(
+        {&option, nullptr, pNumber, QList{addWidget(pLabel), addWidget(pNumber)} + KeysOf(option, *pNumber)});
     connect(pNumber, &QSpinBox::valueChanged, this,
             [this, &option](int iNumber)
             {
@@ -53,6 +59,47 @@ void COptionsBar::AddNumber(const ToolOption& option)
                     m_Execute(std::string(option.pszWord) + " " + std::to_string(iNumber));
             });
     connect(pNumber, &QSpinBox::editingFinished, this, [this] { m_Done(); });
+}
+
+void COptionsBar::AddActions(const Tool& tool)
+{
+    for (const Choice& action : tool.vActions)
+    {
+        QAction* const pAction = addAction(IconFor(action.icon), Translated(action.pszText),
+                                           [this, strWord = action.pszWord] { m_Execute(strWord); });
+        pAction->setShortcut(QKeySequence(action.pszKey));
+        pAction->setToolTip(QString("%1 (%2)").arg(pAction->text(), action.pszKey));
+        m_vToolActions[pAction] = &tool;
+    }
+}
+
+QAction* COptionsBar::AddKey(const QString& strKey, std::function<void()> press)
+{
+    auto* const pAction = new QAction(this);
+    pAction->setShortcut(QKeySequence(strKey));
+    connect(pAction, &QAction::triggered, this, std::move(press));
+    parentWidget()->addAction(pAction); // Not a button of this bar.
+    return pAction;
+}
+
+QList<QAction*> COptionsBar::KeysOf(const ToolOption& option, QSpinBox& number)
+{
+    constexpr int SHARE = 10; // Of the value, and of the whole.
+    QList<QAction*> vKeys;
+    const auto addStep = [&](const char* pszKey, int iDirection)
+    {
+        if (*pszKey)
+            vKeys += AddKey(pszKey, [&number, iDirection]
+                            { number.setValue(number.value() + iDirection * std::max(1, number.value() / SHARE)); });
+    };
+    addStep(option.pszLessKey, -1);
+    addStep(option.pszMoreKey, 1);
+    for (int iDigit = 0; iDigit < SHARE && option.bDigits; ++iDigit)
+    {
+        const int iValue = option.iMost * (iDigit ? iDigit : SHARE) / SHARE;
+        vKeys += AddKey(QString::number(iDigit), [&number, iValue] { number.setValue(iValue); });
+    }
+    return vKeys;
 }
 
 void COptionsBar::Show(const ProgramState& state)
@@ -69,5 +116,7 @@ void COptionsBar::Show(const ProgramState& state)
         for (QAction* const pAction : entry.vActions)
             pAction->setVisible(Has(tool, entry.pOption));
     }
+    for (auto it = m_vToolActions.cbegin(); it != m_vToolActions.cend(); ++it)
+        it.key()->setVisible(it.value() == &tool);
     setVisible(!tool.vOptions.empty());
 }

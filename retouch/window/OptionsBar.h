@@ -3,12 +3,13 @@
 #include "program/ProgramState.h"
 #include "window/CommandBar.h"
 
+#include <QHash>
 #include <QToolBar>
 
 class QSpinBox;
 
-/// The options of the current tool, from the tools' rows: buttons for choices, numbers for the rest. It is not to be
-/// seen while the tool has none.
+/// The options of the current tool, from the tools' rows: buttons for choices and actions, numbers for the rest, with
+/// the keys that change them. It is not to be seen while the tool has none.
 class COptionsBar : public QToolBar
 {
 public:
@@ -25,14 +26,18 @@ private:
         const ToolOption* pOption;
         CChoiceGroup* pChoices;   ///< Or
         QSpinBox* pNumber;        ///< this.
-        QList<QAction*> vActions; ///< All that belongs to it in the bar.
+        QList<QAction*> vActions; ///< All that belongs to it in the bar, and its keys.
     };
 
     void AddChoices(const ToolOption& option);
     void AddNumber(const ToolOption& option);
+    void AddActions(const Tool& tool);
+    QList<QAction*> KeysOf(const ToolOption& option, QSpinBox& number);
+    QAction* AddKey(const QString& strKey, std::function<void()> press);
 
     ExecuteCommand m_Execute;
     std::function<void()> m_Done;
     std::vector<Entry> m_vEntries;
-    bool m_bShowing = false; ///< The bar follows the program, not the person.
+    QHash<QAction*, const Tool*> m_vToolActions; ///< The buttons of tools' actions.
+    bool m_bShowing = false;                     ///< The bar follows the program, not the person.
 };
