@@ -66,6 +66,14 @@ struct StepName
     const char* pszName;
 };
 
+/// A picture of the tour: its name, and what a person does before it, separated by semicolons: commands, and what the
+/// hand does in thousandths of the view ("press 300 300; move 500 600; release", "click 500 500").
+struct TourStop
+{
+    const char* pszName;
+    const char* pszScript;
+};
+
 /// A tool of the palette.
 struct Tool
 {
@@ -74,11 +82,11 @@ struct Tool
     const char* pszKey;
     const char* pszHint;
     Icon icon;
-    std::span<const UINT> vKeys; ///< Virtual codes of keys that go to the tool before the program's shortcuts.
-    std::span<const ToolOption* const> vOptions;
-    std::span<const StepName> vSteps;  ///< The notifications that make a step of the selection.
-    const char* pszSettings = nullptr; ///< The name that its settings are kept under; several tools may share it.
-    bool bPicksColour = false;         ///< A change of the tolerance repeats its last click.
+    std::span<const UINT> vKeys = {}; ///< Virtual codes of keys that go to the tool before the program's shortcuts.
+    std::span<const ToolOption* const> vOptions = {};
+    std::span<const StepName> vSteps = {}; ///< The notifications that make a step of the selection.
+    const char* pszSettings = nullptr;     ///< The name that its settings are kept under; several tools may share it.
+    bool bPicksColour = false;             ///< A change of the tolerance repeats its last click.
 
     /// Makes the library's tool ready for the view; NULL for a tool that is only there for one session.
     Pixtane::CPixtane::IEmbeddedTool& (*pPrepare)(CToolBox& tools) = nullptr;
@@ -90,6 +98,8 @@ struct Tool
     std::span<const StepName> vStrokes = {};                ///< The notifications that make a step of the pixels.
     CPainter* (*pPainter)(const CToolBox& tools) = nullptr; ///< The library's tool as a brush.
     std::span<const Choice> vActions = {};                  ///< Buttons for commands without arguments.
+
+    std::span<const TourStop> vTour = {}; ///< What the tour shows of it, once it is chosen.
 };
 
 /// All tools in the order of the palette, the first of them chosen at first.

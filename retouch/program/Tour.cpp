@@ -2,11 +2,13 @@
 
 #include "document/PngFile.h"
 #include "headless/HeadlessDesktop.h"
+#include "program/CommandText.h"
 #include "user/Input.h"
 #include "user/Window.h"
 
 #include <algorithm>
 #include <cstdio>
+#include <sstream>
 
 namespace
 {
@@ -67,15 +69,15 @@ void MakeGrey(BYTE* pPixel)
 
 } // namespace
 
-/// One stop: its file's name, what is done first, and what is written.
-struct CTour::Stop
+/// What the view shows: its file's name, what is done first, and what is written.
+struct CTour::ViewStop
 {
     const char* pszName;
     void (*pArrange)(CTour& tour);
     bool (CTour::*pWrite)(const std::string& strPath, std::string& strError);
 };
 
-const CTour::Stop CTour::s_vStops[] = {
+const CTour::ViewStop CTour::s_vViewStops[] = {
     {"whole-image", [](CTour& tour) { tour.ShowWhole(); }, &CTour::WriteWindow},
     {"fit", [](CTour& tour) { tour.ShowFitted(); }, &CTour::WriteWindow},
     {"zoom-1", [](CTour& tour) { tour.ShowCentreAt(1); }, &CTour::WriteWindow},
@@ -86,129 +88,21 @@ const CTour::Stop CTour::s_vStops[] = {
     {"preview-left", [](CTour& tour) { tour.LeavePreview(); }, &CTour::WriteWindow},
     {"cover-image", [](CTour& tour) { tour.ShowCover(); }, &CTour::WriteWindow},
     {"read-back", [](CTour& tour) { tour.LeaveCover(); }, &CTour::WriteReadBack},
-    {"rectangle-being-drawn",
-     [](CTour& tour)
-     {
-         tour.Do("tool rectangle");
-         tour.Draw({{0.7, 0.7}, {0.35, 0.3}});
-     },
-     &CTour::WriteWindow},
-    {"rectangle", [](CTour& tour) { tour.Button(false); }, &CTour::WriteWindow},
-    {"ellipse-being-added",
-     [](CTour& tour)
-     {
-         tour.Do("tool ellipse");
-         tour.Do("rule add");
-         tour.Draw({{0.55, 0.2}, {0.85, 0.55}});
-     },
-     &CTour::WriteWindow},
-    {"ellipse-added", [](CTour& tour) { tour.Button(false); }, &CTour::WriteWindow},
-    {"lasso-being-subtracted",
-     [](CTour& tour)
-     {
-         tour.Do("tool lasso");
-         tour.Do("rule subtract");
-         tour.Draw({{0.4, 0.4}, {0.45, 0.35}, {0.5, 0.37}, {0.53, 0.45}, {0.5, 0.55}, {0.43, 0.53}});
-     },
-     &CTour::WriteWindow},
-    {"lasso-subtracted", [](CTour& tour) { tour.Button(false); }, &CTour::WriteWindow},
-    {"polygon-being-intersected",
-     [](CTour& tour)
-     {
-         tour.Do("tool polygon");
-         tour.Do("rule intersect");
-         for (const Place place : {Place{0.3, 0.25}, Place{0.9, 0.3}, Place{0.6, 0.9}})
-             tour.Drag(place, place);
-         tour.PointTo({0.45, 0.75});
-     },
-     &CTour::WriteWindow},
-    {"polygon-intersected",
-     [](CTour& tour) {
-         tour.Drag({0.3, 0.25}, {0.3, 0.25});
-     },
-     &CTour::WriteWindow},
-    {"feathered-and-tinted",
-     [](CTour& tour)
-     {
-         tour.Do("feather-selection 30");
-         tour.Do("tint");
-     },
-     &CTour::WriteWindow},
-    {"adjusted-where-selected",
-     [](CTour& tour)
-     {
-         tour.Do("no-tint");
-         tour.Do("brightness-contrast 40 30");
-         tour.Do("hide-outline");
-     },
-     &CTour::WriteWindow},
-    {"undone",
-     [](CTour& tour)
-     {
-         tour.Do("show-outline");
-         tour.Do("undo");
-         tour.Do("undo");
-     },
-     &CTour::WriteWindow},
-    {"outline-at-zoom-8", [](CTour& tour) { tour.ShowCentreAt(8); }, &CTour::WriteWindow},
-    {"wand",
-     [](CTour& tour)
-     {
-         tour.ShowFitted();
-         tour.Do("select-none");
-         tour.Do("tool wand");
-         tour.Do("rule new");
-         tour.Do("tolerance 20");
-         tour.Drag({0.45, 0.15}, {0.45, 0.15});
-     },
-     &CTour::WriteWindow},
-    {"wand-with-more-tolerance", [](CTour& tour) { tour.Do("tolerance 45"); }, &CTour::WriteWindow},
-    {"wand-inverted", [](CTour& tour) { tour.Do("invert"); }, &CTour::WriteWindow},
-    {"colour-range-tinted",
-     [](CTour& tour)
-     {
-         tour.Do("select-none");
-         tour.Do("tolerance 30");
-         tour.Do("pick-colour");
-         tour.Drag({0.5, 0.6}, {0.5, 0.6});
-         tour.Do("tint");
-     },
-     &CTour::WriteWindow},
-    {"feathered-selection-to-transform",
-     [](CTour& tour)
-     {
-         tour.Do("no-tint");
-         tour.Do("select-none");
-         tour.Do("tool ellipse");
-         tour.Do("feather 20");
-         tour.Drag({0.3, 0.3}, {0.5, 0.6});
-         tour.Do("tool transform");
-     },
-     &CTour::WriteWindow},
-    {"transform-being-dragged",
-     [](CTour& tour) {
-         tour.Draw({{0.4, 0.45}, {0.6, 0.5}});
-     },
-     &CTour::WriteWindow},
-    {"transform-moved", [](CTour& tour) { tour.Button(false); }, &CTour::WriteWindow},
-    {"transform-by-numbers-tinted",
-     [](CTour& tour)
-     {
-         const int cx = tour.View().iBmpWidth();
-         const int cy = tour.View().iBmpHeight();
-         tour.Do("transform-to " + std::to_string(cx / 4) + " " + std::to_string(cy / 3) + " " +
-                 std::to_string(cx / 2) + " " + std::to_string(cy / 4));
-         tour.Do("tint");
-     },
-     &CTour::WriteWindow},
-    {"transform-applied",
-     [](CTour& tour)
-     {
-         tour.Do("no-tint");
-         tour.Do("apply-transform");
-     },
-     &CTour::WriteWindow},
 };
+
+namespace
+{
+
+/// What is done with a selection, at the end.
+constexpr TourStop SELECTION_STOPS[] = {
+    {"feathered-and-tinted",
+     "tool rectangle; feather 0; press 250 250; move 750 750; release; feather-selection 30; tint"},
+    {"adjusted-where-selected", "no-tint; brightness-contrast 40 30; hide-outline"},
+    {"undone", "show-outline; undo; undo"},
+    {"outline-close", "one-to-one; zoom-in; zoom-in"},
+};
+
+} // namespace
 
 CTour::CTour(CPhoto photo, std::string strFolder) : m_strFolder(std::move(strFolder))
 {
@@ -221,17 +115,37 @@ CTour::CTour(CPhoto photo, std::string strFolder) : m_strFolder(std::move(strFol
 
 bool CTour::Play(std::string& strError)
 {
-    int iStop = 0;
-    for (const Stop& stop : s_vStops)
+    for (const ViewStop& stop : s_vViewStops)
     {
         stop.pArrange(*this);
         DispatchPending();
-        char szNumber[16];
-        std::snprintf(szNumber, sizeof(szNumber), "%02d-", ++iStop);
-        if (!(this->*stop.pWrite)(m_strFolder + "/" + szNumber + stop.pszName + ".png", strError))
+        if (!WriteStop(stop.pszName, stop.pWrite, strError))
             return false;
     }
-    return true;
+    for (const Tool& tool : Tools())
+    {
+        // A tool that needs a selection says itself when to begin.
+        if (!tool.vTour.empty() && !tool.pBegin && !Do(std::string("tool ") + tool.pszWord, strError))
+            return false;
+        if (!std::ranges::all_of(tool.vTour, [&](const TourStop& stop) { return Play(stop, strError); }))
+            return false;
+    }
+    return std::ranges::all_of(SELECTION_STOPS, [&](const TourStop& stop) { return Play(stop, strError); });
+}
+
+bool CTour::Play(const TourStop& stop, std::string& strError)
+{
+    const auto vSteps = SplitCommands(stop.pszScript, strError);
+    return vSteps && std::ranges::all_of(*vSteps, [&](const std::string& str) { return Do(str, strError); }) &&
+           WriteStop(stop.pszName, &CTour::WriteWindow, strError);
+}
+
+bool CTour::WriteStop(const char* pszName, bool (CTour::*pWrite)(const std::string&, std::string&),
+                      std::string& strError)
+{
+    char szNumber[16];
+    std::snprintf(szNumber, sizeof(szNumber), "%02d-", ++m_nWritten);
+    return (this->*pWrite)(m_strFolder + "/" + szNumber + pszName + ".png", strError);
 }
 
 void CTour::ShowWhole()
@@ -289,44 +203,41 @@ void CTour::LeaveCover()
     ShowFitted();
 }
 
-// ---- a person's hand
+// ---- a person
 
-void CTour::Do(const std::string& strCommand)
+bool CTour::Do(const std::string& strStep, std::string& strError)
 {
-    std::string strError;
-    m_retoucher.Execute(strCommand, strError);
+    const bool bDone = UseHand(strStep) || m_retoucher.Execute(strStep, strError);
     DispatchPending();
+    return bDone;
 }
 
-void CTour::PointTo(Place place)
+bool CTour::UseHand(const std::string& strStep)
 {
+    std::istringstream step(strStep);
+    std::string strWord;
+    double dX = 0;
+    double dY = 0;
+    step >> strWord;
+    if (strWord == "release")
+    {
+        m_hand.Button(false);
+        return true;
+    }
+    if ((strWord != "press" && strWord != "move" && strWord != "click") || !(step >> dX >> dY))
+        return false;
+    constexpr double WHOLE = 1000;
     CRect rcView;
     View().GetClientRect(&rcView);
-    CPoint pt(static_cast<int>(rcView.Width() * place.dX), static_cast<int>(rcView.Height() * place.dY));
-    View().ClientToScreen(&pt);
-    m_ptPointer = pt;
-    winlite::QueuePointerMove(m_host.m_hWnd, m_ptPointer);
-    DispatchPending();
-}
-
-void CTour::Button(bool bDown)
-{
-    winlite::QueueButton(m_host.m_hWnd, winlite::MouseButton::Left, bDown, m_ptPointer);
-    DispatchPending();
-}
-
-void CTour::Draw(const std::vector<Place>& vPlaces)
-{
-    PointTo(vPlaces.front());
-    Button(true);
-    for (const Place& place : vPlaces)
-        PointTo(place);
-}
-
-void CTour::Drag(Place from, Place to)
-{
-    Draw({from, to});
-    Button(false);
+    m_hand.PointTo(
+        CPoint(static_cast<int>(rcView.Width() * dX / WHOLE), static_cast<int>(rcView.Height() * dY / WHOLE)));
+    if (strWord != "move")
+        m_hand.Button(true);
+    if (strWord == "click")
+        m_hand.Button(false);
+    if (m_retoucher.IsPainting())
+        m_hand.AwaitBrush();
+    return true;
 }
 
 // ---- pictures

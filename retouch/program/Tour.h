@@ -1,10 +1,12 @@
 #pragma once
 
+#include "program/Hand.h"
 #include "program/Retoucher.h"
 
 #include <string>
 
-/// Plays a scripted session with a photo, without a display, and writes a numbered PNG of each stop.
+/// Plays a scripted session with a photo, without a display, and writes a numbered PNG of each stop: what the view
+/// shows, and what the rows of the tools say.
 class CTour
 {
 public:
@@ -15,8 +17,10 @@ public:
     bool Play(std::string& strError);
 
 private:
-    struct Stop;
-    static const Stop s_vStops[];
+    struct ViewStop;
+    static const ViewStop s_vViewStops[];
+
+    bool WriteStop(const char* pszName, bool (CTour::*pWrite)(const std::string&, std::string&), std::string& strError);
 
     bool WriteWindow(const std::string& strPath, std::string& strError);
     bool WriteCorner(const std::string& strPath, std::string& strError);
@@ -32,19 +36,14 @@ private:
     void ShowCover();
     void LeaveCover();
 
-    // What a person does: places are shares of the view's width and height.
-    struct Place
-    {
-        double dX, dY;
-    };
-    void Do(const std::string& strCommand);
-    void PointTo(Place place);
-    void Button(bool bDown);
-    void Draw(const std::vector<Place>& vPlaces);
-    void Drag(Place from, Place to);
+    // What a person does.
+    bool Play(const TourStop& stop, std::string& strError);
+    bool Do(const std::string& strStep, std::string& strError);
+    bool UseHand(const std::string& strStep);
 
     CViewHost m_host;
     CRetoucher m_retoucher{m_host};
     std::string m_strFolder;
-    POINT m_ptPointer = {};
+    CHand m_hand{m_host};
+    int m_nWritten = 0;
 };
