@@ -86,6 +86,7 @@ void AddResizeBenchmarks(CSuite& suite);
 void AddPenBenchmarks(CSuite& suite);
 void AddSelectionBenchmarks(CSuite& suite);
 void AddStrokeBenchmarks(CSuite& suite);
+void AddBrushBenchmarks(CSuite& suite);
 void AddStrokeMemory(CSuite& suite);
 void AddRetouchFigures(CSuite& suite);
 void AddMemoryFigures(CSuite& suite);

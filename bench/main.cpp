@@ -78,6 +78,7 @@ int main(int argc, char** argv)
     AddResizeBenchmarks(suite);
     AddPenBenchmarks(suite);
     AddStrokeBenchmarks(suite);
+    AddBrushBenchmarks(suite);
     AddRetouchFigures(suite);
     const bool bHeld = suite.Run(bWrite || vArguments.empty() ? "" : vArguments[0]);
     AfxWinTerm();
