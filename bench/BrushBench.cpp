@@ -178,7 +178,7 @@ public:
             BYTE* const pRow = m_vPainted.data() + static_cast<std::size_t>(PHOTO.cy - 1 - iRow) * PHOTO.cx * 4;
             std::for_each(pRow + rc.left * 4, pRow + rc.right * 4, [](BYTE& value) { value ^= 0x55; });
         }
-        constexpr int TILE_ROWS = 256, TILE_COLUMNS = 64;
+        constexpr int TILE_ROWS = 64, TILE_COLUMNS = 64;
         const int nDown = (PHOTO.cy - 1 - rc.top) / TILE_ROWS - (PHOTO.cy - rc.bottom) / TILE_ROWS + 1;
         const int nAcross = (rc.right - 1) / TILE_COLUMNS - rc.left / TILE_COLUMNS + 1;
         const auto start = Clock::now();

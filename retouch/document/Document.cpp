@@ -25,8 +25,8 @@ CDocument::Pixels CDocument::PixelsAfter(CLargeBuffer changed)
 
 bool CDocument::Add(const CTiledSnapshot::Change& change, const std::string& strStep)
 {
-    m_original.FillFrom(change.before);
-    m_history.FillPixels(change.before);
+    m_original.Fill(change.vBefore);
+    m_history.FillPixels(change.vBefore);
     CHistory::State state = m_history.Current();
     state.strName = strStep;
     state.pixels = change.after;

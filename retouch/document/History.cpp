@@ -1,6 +1,7 @@
 #include "document/History.h"
 
 #include <cstring>
+#include <numeric>
 
 namespace
 {
@@ -24,7 +25,9 @@ void CHistory::Reset(State state)
 {
     m_vStates.clear();
     m_vStates.push_back(std::move(state));
+    m_vBytes.assign(1, 0);
     m_iCurrent = 0;
+    m_bForgot = false;
     ++m_uRevision;
 }
 
@@ -40,29 +43,31 @@ bool CHistory::Add(State state)
         return false;
     ++m_uRevision;
     m_vStates.resize(m_iCurrent + 1);
+    m_vBytes.resize(m_iCurrent + 1);
+    m_vBytes.push_back(BytesBeyond(state, Current()));
     m_vStates.push_back(std::move(state));
     ++m_iCurrent;
     ForgetOldest();
     return true;
 }
 
-void CHistory::FillPixels(const CTiledSnapshot& before)
+void CHistory::FillPixels(const std::vector<CTiledSnapshot::KeptTile>& vBefore)
 {
     for (State& state : m_vStates)
-        state.pixels.FillFrom(before);
+        state.pixels.Fill(vBefore);
 }
 
 void CHistory::ForgetOldest()
 {
     // The photo itself, which the first state holds, does not count.
-    std::size_t nBytes = 0;
-    for (std::size_t i = 1; i < m_vStates.size(); ++i)
-        nBytes += BytesBeyond(m_vStates[i], m_vStates[i - 1]);
+    std::size_t nBytes = std::accumulate(m_vBytes.begin() + 1, m_vBytes.end(), std::size_t{0});
     while (nBytes > MOST_BYTES && m_vStates.size() > 2)
     {
-        nBytes -= BytesBeyond(m_vStates[1], m_vStates[0]);
+        nBytes -= m_vBytes[1];
         m_vStates.pop_front();
+        m_vBytes.pop_front();
         --m_iCurrent;
+        m_bForgot = true;
     }
 }
 

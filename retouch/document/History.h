@@ -31,7 +31,10 @@ public:
     static bool SelectsSame(const State& one, const State& other);
 
     /// Gives every state the tiles of pixels that it does not have because nothing had changed them so far.
-    void FillPixels(const CTiledSnapshot& before);
+    void FillPixels(const std::vector<CTiledSnapshot::KeptTile>& vBefore);
+
+    /// Whether the oldest steps are forgotten.
+    bool HasForgotten() const { return m_bForgot; }
 
     /// The state now, and the ones to go back and forth to; NULL when there is none.
     const State& Current() const { return m_vStates[m_iCurrent]; }
@@ -47,6 +50,8 @@ private:
     const State* Go(std::size_t iState);
 
     std::deque<State> m_vStates{1};
+    std::deque<std::size_t> m_vBytes{0}; ///< What each holds beyond the one before.
     std::size_t m_iCurrent = 0;
     unsigned m_uRevision = 0;
+    bool m_bForgot = false;
 };

@@ -54,8 +54,8 @@ CTiledSnapshot::CTiledSnapshot(std::span<const BYTE> vBytes, std::size_t nRow, c
 
 CTiledSnapshot::Change CTiledSnapshot::Changed(const BYTE* pBefore, const BYTE* pAfter, const Area& area) const
 {
-    Change change = {CTiledSnapshot(m_nRow, m_nRows), *this};
     const std::vector<std::size_t> vTiles = TilesIn(area);
+    Change change = {std::vector<KeptTile>(vTiles.size()), *this};
     ForTiles(vTiles.size(),
              [&](std::size_t iPlace)
              {
@@ -63,34 +63,35 @@ CTiledSnapshot::Change CTiledSnapshot::Changed(const BYTE* pBefore, const BYTE* 
                  if (SameBytes(i, pBefore, pAfter))
                      return;
                  if (!m_vTiles[i])
-                     change.before.m_vTiles[i] = Take(i, pBefore);
+                     change.vBefore[iPlace] = {i, Take(i, pBefore)};
                  change.after.m_vTiles[i] = Take(i, pAfter);
              });
+    std::erase_if(change.vBefore, [](const KeptTile& kept) { return !kept.pTile; });
     return change;
 }
 
-void CTiledSnapshot::FillFrom(const CTiledSnapshot& other)
+void CTiledSnapshot::Fill(const std::vector<KeptTile>& vTiles)
 {
-    for (std::size_t i = 0; i < m_vTiles.size(); ++i)
+    for (const KeptTile& kept : vTiles)
     {
-        if (!m_vTiles[i])
-            m_vTiles[i] = other.m_vTiles[i];
+        if (!m_vTiles[kept.iTile])
+            m_vTiles[kept.iTile] = kept.pTile;
     }
 }
 
 CTiledSnapshot::Area CTiledSnapshot::AreaOf(std::size_t iTile) const
 {
-    const std::size_t iTop = iTile / TilesAcross() * SIDE;
-    const std::size_t iLeft = iTile % TilesAcross() * SIDE;
-    return {iTop, iLeft, std::min(SIDE, m_nRows - iTop), std::min(SIDE, m_nRow - iLeft)};
+    const std::size_t iTop = iTile / TilesAcross() * TILE_ROWS;
+    const std::size_t iLeft = iTile % TilesAcross() * TILE_BYTES;
+    return {iTop, iLeft, std::min(TILE_ROWS, m_nRows - iTop), std::min(TILE_BYTES, m_nRow - iLeft)};
 }
 
 std::vector<std::size_t> CTiledSnapshot::TilesIn(const Area& area) const
 {
     std::vector<std::size_t> vTiles;
-    for (std::size_t iDown = area.iTop / SIDE; iDown * SIDE < area.iTop + area.nRows; ++iDown)
+    for (std::size_t iDown = area.iTop / TILE_ROWS; iDown * TILE_ROWS < area.iTop + area.nRows; ++iDown)
     {
-        for (std::size_t iAcross = area.iLeft / SIDE; iAcross * SIDE < area.iLeft + area.nBytes; ++iAcross)
+        for (std::size_t iAcross = area.iLeft / TILE_BYTES; iAcross * TILE_BYTES < area.iLeft + area.nBytes; ++iAcross)
             vTiles.push_back(iDown * TilesAcross() + iAcross);
     }
     return vTiles;
@@ -162,14 +163,14 @@ void CTiledSnapshot::PickPixels(std::size_t iRow, std::span<const int> vColumns,
     for (const int iColumn : vColumns)
     {
         const std::size_t iByte = static_cast<std::size_t>(iColumn) * 4;
-        const std::size_t iTile = iRow / SIDE * TilesAcross() + iByte / SIDE;
+        const std::size_t iTile = iRow / TILE_ROWS * TilesAcross() + iByte / TILE_BYTES;
         const Tile* const pTile = m_vTiles[iTile].get();
         if (!pTile)
             std::memcpy(pPixels, pShown + iByte, 4);
         else if (pTile->size() == 1)
             std::memset(pPixels, pTile->front(), 4);
         else
-            std::memcpy(pPixels, pTile->data() + iRow % SIDE * AreaOf(iTile).nBytes + iByte % SIDE, 4);
+            std::memcpy(pPixels, pTile->data() + iRow % TILE_ROWS * AreaOf(iTile).nBytes + iByte % TILE_BYTES, 4);
         pPixels += 4;
     }
 }

@@ -33,8 +33,9 @@ public:
     /// The picture is pBefore and will be pAfter, buffers of whole pictures; this is what there is of it before.
     Change Changed(const BYTE* pBefore, const BYTE* pAfter, const Area& area) const;
 
-    /// Takes the tiles that it does not have itself from another of the same size.
-    void FillFrom(const CTiledSnapshot& other);
+    /// Takes tiles that it does not have itself.
+    struct KeptTile;
+    void Fill(const std::vector<KeptTile>& vTiles);
 
     /// Puts the bytes back that are others in the picture as it is shown; without that, all that there are.
     void Restore(std::span<BYTE> vBytes, const CTiledSnapshot& shown) const;
@@ -51,13 +52,15 @@ public:
     std::size_t BytesBeyond(const CTiledSnapshot& earlier) const;
 
 private:
-    static constexpr std::size_t SIDE = 256; ///< Rows, and bytes a row.
+    // Low ones: a stroke along the rows then keeps little beside itself.
+    static constexpr std::size_t TILE_ROWS = 64;
+    static constexpr std::size_t TILE_BYTES = 256; ///< A row.
 
     /// Row by row; one byte for a tile of one value.
     using Tile = std::vector<BYTE>;
 
-    std::size_t TilesAcross() const { return (m_nRow + SIDE - 1) / SIDE; }
-    std::size_t TilesDown() const { return (m_nRows + SIDE - 1) / SIDE; }
+    std::size_t TilesAcross() const { return (m_nRow + TILE_BYTES - 1) / TILE_BYTES; }
+    std::size_t TilesDown() const { return (m_nRows + TILE_ROWS - 1) / TILE_ROWS; }
     Area AreaOf(std::size_t iTile) const;
     std::vector<std::size_t> TilesIn(const Area& area) const;
     bool Matches(std::size_t iTile, const BYTE* pBytes) const;
@@ -69,8 +72,14 @@ private:
     std::vector<std::shared_ptr<const Tile>> m_vTiles; ///< NULL for one that nothing has changed yet.
 };
 
+struct CTiledSnapshot::KeptTile
+{
+    std::size_t iTile;
+    std::shared_ptr<const Tile> pTile;
+};
+
 struct CTiledSnapshot::Change
 {
-    CTiledSnapshot before; ///< Tiles that changed and that nobody had.
+    std::vector<KeptTile> vBefore; ///< Tiles that changed and that nobody had.
     CTiledSnapshot after;
 };

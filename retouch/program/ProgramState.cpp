@@ -14,6 +14,7 @@ ProgramState StateOf(const ProgramParts& parts, const CJobs& jobs)
     const std::string strSession = pSession ? pSession->StepName() : "";
     state.strUndo = strSession.empty() ? parts.document.History().BackName() : strSession;
     state.strRedo = parts.document.History().ForthName();
+    state.bForgot = parts.document.History().HasForgotten();
     state.strTool = parts.tools.Current().pszWord;
     state.strHint = pSession && pSession->Hint() ? pSession->Hint() : parts.tools.Current().pszHint;
     for (const ToolOption* pOption : ToolOptions())

@@ -16,6 +16,7 @@ struct ProgramState
     unsigned uPhotos;    ///< How many have been shown so far.
     std::string strUndo; ///< What would be undone or done again; empty for nothing.
     std::string strRedo;
+    bool bForgot; ///< The oldest steps are forgotten, to save memory.
 
     // The tool.
     std::string strTool;

@@ -177,6 +177,8 @@ void CMainWindow::NameSteps(const ProgramState& state)
     };
     name(*m_pUndo, tr("&Undo"), state.strUndo);
     name(*m_pRedo, tr("&Redo"), state.strRedo);
+    if (state.strUndo.empty() && state.bForgot)
+        m_pUndo->setText(tr("&Undo (earlier steps were let go to save memory)"));
 }
 
 void CMainWindow::Refresh()
