@@ -9,6 +9,7 @@ ProgramState StateOf(const ProgramParts& parts, const CJobs& jobs)
     const CToolSession* const pSession = parts.tools.Session();
     ProgramState state = {};
     state.strPath = parts.document.Path();
+    state.bUnsaved = parts.document.IsUnsaved();
     state.uPhotos = parts.document.PhotoCount();
     state.szPhoto = CSize(parts.view.iBmpWidth(), parts.view.iBmpHeight());
     const std::string strSession = pSession ? pSession->StepName() : "";
