@@ -118,13 +118,17 @@ std::vector<Command> PhotoCommands()
          Middle::Ends,
          DuringJob::Cancels},
         {"save",
-         {{"PATH", Argument::Kind::Path}},
+         {{"FILE", Argument::Kind::Path}, {"--overwrite", Argument::Kind::Flag}},
          Command::Prepare([](P& parts, const Values& v, std::string& strError)
-                          { return SaveJob(parts, Text(v, 0), false, strError); })},
-        {"save-over",
-         {{"PATH", Argument::Kind::Path}},
-         Command::Prepare([](P& parts, const Values& v, std::string& strError)
-                          { return SaveJob(parts, Text(v, 0), true, strError); })},
+                          { return SaveJob(parts, Text(v, 0), Number(v, 1) != 0, strError); })},
+        {"jpeg-quality",
+         {{"QUALITY", Argument::Kind::Number, 1, 100}},
+         [](P& parts, const Values& v, std::string&)
+         {
+             parts.iJpegQuality = Number(v, 0);
+             return true;
+         },
+         Middle::Keeps},
         {"auto-contrast", {}, AsJob([](P& parts, const Values&) { return AutoContrastJob(parts); })},
         {"brightness-contrast",
          {LEVELS, PERCENT},

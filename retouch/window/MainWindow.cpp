@@ -151,7 +151,8 @@ void CMainWindow::SaveAs()
     }
     const QString strQuestion = tr("This file would not hold: %1. Save it all the same?").arg(vLosses.join(", "));
     if (vLosses.isEmpty() || QMessageBox::question(this, windowTitle(), strQuestion) == QMessageBox::Yes)
-        Execute("save-over " + Quoted(strPath.toStdString())); // The dialog has asked about a file that is there.
+        Execute("save " + Quoted(strPath.toStdString()) +
+                " --overwrite"); // The dialog has asked about a file that is there.
 }
 
 void CMainWindow::OpenFile(const QString& strPath)

@@ -3,6 +3,7 @@
 #include "support/User.h"
 
 #include <gtest/gtest.h>
+#include <QTemporaryDir>
 #include <random>
 
 namespace
@@ -111,6 +112,36 @@ TEST_F(RetoucherTest, AnAdjustmentGoesAsFarAsTheSelectionSaysAndComesBack)
     EXPECT_EQ(Pixel(150, 100), 100);
     Do("undo");
     EXPECT_EQ(Pixel(5, 5), 128);
+}
+
+TEST_F(RetoucherTest, APhotoIsUnsavedWhileItsPixelsAreNotThoseOfItsFile)
+{
+    const QTemporaryDir folder;
+    const std::string strSave = "save " + folder.path().toStdString() + "/a b.png";
+    const struct
+    {
+        std::string strCommand;
+        bool bUnsaved;
+    } vSteps[] = {
+        {"select-all", false},
+        {"brightness-contrast 60 0", true},
+        {"undo", false},
+        {"redo", true},
+        {strSave, false},
+        {"select-none", false},
+        {"undo", false},
+        {"undo", true},
+        {"brightness-contrast 60 0", true}, // The same pixels by another way may be said to differ.
+        {strSave + " --overwrite", false},
+        {"revert", true},
+        {"open-sample", false},
+    };
+    for (const auto& step : vSteps)
+    {
+        Do(step.strCommand);
+        EXPECT_EQ(retoucher.State().bUnsaved, step.bUnsaved) << step.strCommand;
+    }
+    EXPECT_NE(Refusal("save {name}.png").find("comes from no file"), std::string::npos);
 }
 
 TEST_F(RetoucherTest, TheSelectionMenuGrowsShrinksAndSoftens)
