@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QStatusBar>
@@ -71,6 +72,8 @@ void CPhotoFiles::Ask(const std::function<void()>& next)
         new QMessageBox(QMessageBox::Question, tr("Unsaved Changes"), tr("Save the changes to %1?").arg(strName),
                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &m_window);
     pBox->setInformativeText(tr("Otherwise they are lost."));
+    pBox->button(QMessageBox::Save)->setText(tr("&Save"));
+    pBox->button(QMessageBox::Discard)->setText(tr("&Discard"));
     pBox->setDefaultButton(QMessageBox::Save);
     pBox->setAttribute(Qt::WA_DeleteOnClose);
     connect(pBox, &QMessageBox::finished, this,
