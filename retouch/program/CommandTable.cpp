@@ -102,6 +102,20 @@ void PickColour(P& parts)
     parts.tools.BeginSession(MakeColourPick(parts), strError);
 }
 
+/// Gives up what the person is in the middle of: a stroke, a shape, the pick of a colour.
+void Drop(P& parts)
+{
+    if (parts.tools.Session() && parts.tools.Session()->MayBeDropped())
+        parts.tools.EndSession(false);
+    const bool bSelecting = parts.tools.IsSelecting();
+    parts.tools.DropGesture();
+    if (!bSelecting)
+        return;
+    // The press may have cleared what was selected.
+    parts.selection.Restore(parts.document.History().Current());
+    parts.presenter.Update();
+}
+
 void ZoomAboutCentre(P& parts, int nSteps) { parts.host.Zoom().StepZoom(nSteps, parts.host.Zoom().ViewCentre()); }
 
 std::vector<Command> PhotoCommands()
@@ -220,7 +234,7 @@ std::vector<Command> ToolCommands()
          {{"X,Y ...", Argument::Kind::Points}},
          [](P& parts, const Values& v, std::string& strError)
          { return PaintStroke(parts, std::get<Points>(v[0]), strError); }},
-        {"drop", {}, Simply([](P& parts) { parts.tools.DropGesture(); }), Middle::Keeps, DuringJob::Runs},
+        {"drop", {}, Simply(&Drop), Middle::Keeps, DuringJob::Runs},
     };
 }
 

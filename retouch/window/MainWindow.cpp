@@ -177,7 +177,7 @@ bool CMainWindow::eventFilter(QObject* pWatched, QEvent* pEvent)
     if (!bKey || !isActiveWindow())
         return QMainWindow::eventFilter(pWatched, pEvent);
     const auto* pKey = static_cast<QKeyEvent*>(pEvent);
-    if (pKey->key() == Qt::Key_Escape && pEvent->type() == QEvent::KeyPress && m_retoucher.IsPainting())
+    if (pKey->key() == Qt::Key_Escape && pEvent->type() == QEvent::KeyPress && m_retoucher.CanDrop())
     {
         Execute("drop");
         return true;
