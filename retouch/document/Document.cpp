@@ -8,10 +8,18 @@ std::optional<CPhoto> CDocument::Replace(CPhoto photo, std::string strPath)
     m_bChanged = false;
     m_original = CTiledSnapshot(photo.RowBytes(), static_cast<std::size_t>(photo.Height()));
     m_strPath = std::move(strPath);
+    m_strOpened = photo.Origin().strPath;
     CHistory::State state;
     state.pixels = m_original;
     m_history.Reset(std::move(state));
     return std::exchange(m_photo, std::move(photo));
+}
+
+void CDocument::Saved(PhotoOrigin origin)
+{
+    m_strPath = origin.strPath;
+    m_photo->SetOrigin(std::move(origin));
+    m_history.MarkSaved();
 }
 
 CDocument::Pixels CDocument::PixelsAfter(CLargeBuffer changed)

@@ -13,8 +13,17 @@ public:
     /// The photo; NULL before the first was opened.
     CPhoto* Photo() { return m_photo ? &*m_photo : nullptr; }
 
-    /// The photo's file; empty for one that has none.
+    /// The photo's file, which another one becomes by saving it there; empty for one that has none.
     const std::string& Path() const { return m_strPath; }
+
+    /// The file it was opened from; empty for none.
+    const std::string& OpenedPath() const { return m_strOpened; }
+
+    /// Whether the photo's pixels are not what its file holds, or what was opened when it has none.
+    bool IsUnsaved() const { return m_photo && !m_history.IsSaved(); }
+
+    /// The photo as it is now was written as a file, which it is from here on.
+    void Saved(PhotoOrigin origin);
 
     /// How many photos there have been.
     unsigned PhotoCount() const { return m_uPhotos; }
@@ -52,6 +61,7 @@ private:
 
     std::optional<CPhoto> m_photo;
     std::string m_strPath;
+    std::string m_strOpened;
     unsigned m_uPhotos = 0;
     CTiledSnapshot m_original; ///< As far as anything has changed it.
     bool m_bChanged = false;

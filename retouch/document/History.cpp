@@ -24,10 +24,12 @@ bool SameRects(const std::vector<RECT>& v1, const std::vector<RECT>& v2)
 void CHistory::Reset(State state)
 {
     m_vStates.clear();
+    state.uPixels = ++m_uPixels;
     m_vStates.push_back(std::move(state));
     m_vBytes.assign(1, 0);
     m_iCurrent = 0;
     m_bForgot = false;
+    MarkSaved();
     ++m_uRevision;
 }
 
@@ -39,8 +41,10 @@ bool CHistory::SelectsSame(const State& one, const State& other)
 bool CHistory::Add(State state)
 {
     const State& now = Current();
-    if (state.pixels.IsSameAs(now.pixels) && SelectsSame(state, now))
+    const bool bSamePixels = state.pixels.IsSameAs(now.pixels);
+    if (bSamePixels && SelectsSame(state, now))
         return false;
+    state.uPixels = bSamePixels ? now.uPixels : ++m_uPixels;
     ++m_uRevision;
     m_vStates.resize(m_iCurrent + 1);
     m_vBytes.resize(m_iCurrent + 1);

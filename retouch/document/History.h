@@ -16,6 +16,7 @@ public:
         CTiledSnapshot pixels;       ///< The photo's buffer, as far as anything changes it.
         CTiledSnapshot mask;         ///< The selection's weights.
         std::vector<RECT> vSelected; ///< The selection's rectangles; none when nothing is selected.
+        unsigned uPixels = 0;        ///< Equal numbers, equal pixels: the history counts their changes.
     };
 
     /// Starts anew with what the photo is now.
@@ -26,6 +27,11 @@ public:
 
     /// Another number after every change of what is current, so that who remembers one knows whether there was any.
     unsigned Revision() const { return m_uRevision; }
+
+    /// The pixels of the current state are what the photo's file holds. Later on, whether they are that again or still;
+    /// selections are in no file.
+    void MarkSaved() { m_uSaved = Current().uPixels; }
+    bool IsSaved() const { return m_uSaved == Current().uPixels; }
 
     /// Whether two states select the same because nothing changed it between them.
     static bool SelectsSame(const State& one, const State& other);
@@ -54,4 +60,6 @@ private:
     std::size_t m_iCurrent = 0;
     unsigned m_uRevision = 0;
     bool m_bForgot = false;
+    unsigned m_uPixels = 0; ///< Changes of the pixels so far.
+    unsigned m_uSaved = 0;
 };

@@ -56,12 +56,16 @@ std::optional<QByteArray> EncodeByQt(const QImage& image, PictureFormat format, 
     return std::nullopt;
 }
 
-/// Whether this is the file that the photo came from, and it is not any more what was read.
-bool IsChanged(const std::string& strPath, const PhotoOrigin& origin)
+/// Whether this is the file that the photo came from.
+bool IsOwn(const std::string& strPath, const PhotoOrigin& origin)
 {
     std::error_code error;
-    if (origin.strPath.empty() || !std::filesystem::equivalent(strPath, origin.strPath, error))
-        return false;
+    return !origin.strPath.empty() && std::filesystem::equivalent(strPath, origin.strPath, error);
+}
+
+/// Whether the photo's own file is not any more what was read.
+bool IsChanged(const std::string& strPath, const PhotoOrigin& origin)
+{
     QFile file(QString::fromStdString(strPath));
     return file.open(QIODevice::ReadOnly) && ChecksumOf(file.readAll()) != origin.checksum;
 }
@@ -75,8 +79,13 @@ std::optional<std::string> WhyNotSaved(const std::string& strPath, PixelView pic
         return "has no ending of a known format: .jpg, .png or .tif";
     if (!options.bOverwrite && std::filesystem::exists(strPath, error))
         return "exists already";
-    if (!options.bEvenIfChanged && IsChanged(strPath, origin))
-        return "was changed by another program since it was opened";
+    if (IsOwn(strPath, origin))
+    {
+        if (!options.bEvenIfChanged && IsChanged(strPath, origin))
+            return "was changed by another program since it was opened";
+        if (const auto vLost = origin.WhatWouldBeLost(*format); !vLost.empty())
+            return "is left as it is, since it would lose " + vLost.front() + "; save under another name";
+    }
     std::string strReason;
     const auto bytes = *format == PictureFormat::Jpeg
                            ? EncodeAsJpeg(picture, origin, options.iQuality, progress, strReason)

@@ -13,7 +13,8 @@ struct SaveOptions
 
 /// Writes a picture as a file of the format that its name asks for; its thread may be any, and nothing of the old file
 /// is lost whatever fails. Metadata, profile and chroma sampling are those of the origin, as far as the format holds
-/// them. The same picture, origin and quality give the same bytes.
+/// them. The same picture, origin and quality give the same bytes. The photo's own file stays where the new one would
+/// not hold all that it does.
 ///
 /// Nothing on success, and the origin then tells of the file written: its losses have happened. Otherwise a message
 /// that names the file and the reason.

@@ -1,42 +1,38 @@
 #include "pixels/AutoContrast.h"
 
 #include "pixels/Bands.h"
+#include "pixels/Curve.h"
 
 #include <algorithm>
 #include <array>
 #include <mutex>
+#include <numeric>
 
 namespace
 {
 
 using Histogram = std::array<std::uint64_t, 256>;
 
-template<class F>
-void ForEachChannel(const PixelView& pixels, int iFirst, int iEnd, F f)
+/// Counts the channel values of the pixels that take part.
+void CountRow(const std::uint8_t* pPixel, const std::uint8_t* pWeights, int cx, std::array<Histogram, 3>& counts)
 {
-    for (int y = iFirst; y < iEnd; ++y)
+    for (int x = 0; x < cx; ++x, pPixel += 4)
     {
-        std::uint8_t* const pRow = pixels.Row(y);
-        for (std::ptrdiff_t i = 0; i < std::ptrdiff_t{pixels.cx} * 4; i += 4)
-            f(pRow[i], pRow[i + 1], pRow[i + 2]);
+        // A table for each channel: equal values in a row would wait for each other.
+        for (std::size_t i = 0; i < counts.size() && (!pWeights || pWeights[x]); ++i)
+            ++counts[i][pPixel[i]];
     }
 }
 
-bool CountValues(PixelView pixels, Histogram& histogram, CProgress& progress)
+bool CountValues(PixelView pixels, MaskView weights, Histogram& histogram, CProgress& progress)
 {
     std::mutex mutex;
     return ForBands(pixels.cy, progress,
                     [&](int iFirst, int iEnd)
                     {
-                        // A table for each channel: equal values in a row would wait for each other.
                         std::array<Histogram, 3> band = {};
-                        ForEachChannel(pixels, iFirst, iEnd,
-                                       [&](std::uint8_t blue, std::uint8_t green, std::uint8_t red)
-                                       {
-                                           ++band[0][blue];
-                                           ++band[1][green];
-                                           ++band[2][red];
-                                       });
+                        for (int y = iFirst; y < iEnd; ++y)
+                            CountRow(pixels.Row(y), weights.Row(y), pixels.cx, band);
                         const std::lock_guard lock(mutex);
                         for (std::size_t i = 0; i < histogram.size(); ++i)
                             histogram[i] += band[0][i] + band[1][i] + band[2][i];
@@ -59,27 +55,22 @@ int ValueAfter(It itFirst, It itEnd, std::uint64_t nCount)
 
 } // namespace
 
-bool StretchContrast(PixelView pixels, CProgress& progress)
+bool StretchContrast(PixelView pixels, MaskView weights, CProgress& progress)
 {
     constexpr std::uint64_t CLIPPED_SHARE = 200;
     progress.SetStages(2);
     Histogram histogram = {};
-    if (!CountValues(pixels, histogram, progress))
+    if (!CountValues(pixels, weights, histogram, progress))
         return false;
-    const std::uint64_t nClipped = std::uint64_t{3} * pixels.cx * pixels.cy / CLIPPED_SHARE;
+    const std::uint64_t nValues = std::accumulate(histogram.begin(), histogram.end(), std::uint64_t{0});
+    const std::uint64_t nClipped = nValues / CLIPPED_SHARE;
     const int iBlack = ValueAfter(histogram.begin(), histogram.end(), nClipped);
     const int iWhite = 255 - ValueAfter(histogram.rbegin(), histogram.rend(), nClipped);
     if (iWhite <= iBlack)
         return true;
-    std::array<std::uint8_t, 256> table;
+    Curve curve;
     for (int i = 0; i < 256; ++i)
-        table[static_cast<std::size_t>(i)] =
+        curve[static_cast<std::size_t>(i)] =
             static_cast<std::uint8_t>(std::clamp((i - iBlack) * 255 / (iWhite - iBlack), 0, 255));
-    const auto stretch = [&](std::uint8_t& blue, std::uint8_t& green, std::uint8_t& red)
-    {
-        blue = table[blue];
-        green = table[green];
-        red = table[red];
-    };
-    return ForBands(pixels.cy, progress, [&](int iFirst, int iEnd) { ForEachChannel(pixels, iFirst, iEnd, stretch); });
+    return ApplyCurve(pixels, weights, curve, progress);
 }

@@ -2,6 +2,7 @@
 
 #include "program/Message.h"
 #include "program/Selection.h"
+#include "program/ShapeTool.h"
 #include "program/ToolBox.h"
 #include "program/Undo.h"
 #include "view/Notifications.h"
@@ -37,6 +38,7 @@ public:
         parts.changed();
     }
     const char* Hint() const override { return QT_TRANSLATE_NOOP("Tool", "Click the colour in the picture"); }
+    bool MayBeDropped() const override { return true; }
 
 private:
     ProgramParts& m_parts;
@@ -67,7 +69,7 @@ bool SelectColour(ProgramParts& parts, CPoint ptBitmap, std::string& strError)
     const CWaitCursor wait;
     const BYTE* const pPixel = pPhoto->Row(ptBitmap.y) + static_cast<std::ptrdiff_t>(ptBitmap.x) * 4;
     const COLORREF crPicked = RGB(pPixel[2], pPixel[1], pPixel[0]);
-    const int iTolerance = parts.tools.Embedded<RegionSelector>().GetTorlerance();
+    const int iTolerance = parts.tools.Embedded<CShapeTool>().GetTorlerance();
     parts.tools.Borrow<RegionSelector>([=](RegionSelector& selector)
                                        { selector.SelectColorRange(crPicked, iTolerance); });
     // A selection in which the colour does not occur is left without a region.

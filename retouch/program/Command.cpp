@@ -92,6 +92,36 @@ std::optional<Value> TakeValue(const Argument& argument, std::string& strRest, s
                                                     : ReadWord(argument, *strWord, strError);
 }
 
+/// Takes a flag off the end of the line; whether it was there.
+bool TakeFlag(const Argument& argument, std::string& strRest)
+{
+    const std::string strFlag = std::string(" ") + argument.pszName;
+    const std::string strLine = " " + strRest;
+    if (!strLine.ends_with(strFlag))
+        return false;
+    strRest = Trimmed(strLine.substr(0, strLine.size() - strFlag.size()));
+    return true;
+}
+
+/// The values of the arguments, in their order, from what follows the command's word.
+std::optional<Values> TakeValues(const std::vector<Argument>& vArguments, std::string& strRest, std::string& strError)
+{
+    // First, since a name without quotes would take it for a part of itself.
+    const auto isFlag = [](const Argument& argument) { return argument.eKind == Argument::Kind::Flag; };
+    const auto itFlag = std::ranges::find_if(vArguments, isFlag);
+    const bool bFlag = itFlag != vArguments.end() && TakeFlag(*itFlag, strRest);
+    Values vValues;
+    for (const Argument& argument : vArguments)
+    {
+        std::optional<Value> value =
+            isFlag(argument) ? std::optional<Value>(bFlag ? 1 : 0) : TakeValue(argument, strRest, strError);
+        if (!value)
+            return std::nullopt;
+        vValues.push_back(std::move(*value));
+    }
+    return vValues;
+}
+
 } // namespace
 
 std::optional<CommandCall> ParseCommand(const std::vector<Command>& vCommands, const std::string& strText,
@@ -107,16 +137,11 @@ std::optional<CommandCall> ParseCommand(const std::vector<Command>& vCommands, c
         strError = Message(QT_TRANSLATE_NOOP("Program", "there is no command \"%1\""), {*strWord});
         return std::nullopt;
     }
-    CommandCall call = {&*it, {}};
-    for (const Argument& argument : it->vArguments)
-    {
-        std::optional<Value> value = TakeValue(argument, strRest, strError);
-        if (!value)
-            return std::nullopt;
-        call.vValues.push_back(std::move(*value));
-    }
+    std::optional<Values> vValues = TakeValues(it->vArguments, strRest, strError);
+    if (!vValues)
+        return std::nullopt;
     if (strRest.empty())
-        return call;
+        return CommandCall{&*it, std::move(*vValues)};
     strError = Message(QT_TRANSLATE_NOOP("Program", "\"%1\" is one argument too many"), {strRest});
     return std::nullopt;
 }
@@ -128,7 +153,9 @@ std::string DescribeCommand(const Command& command)
     for (const Argument& argument : command.vArguments)
     {
         const bool bWords = argument.eKind == Argument::Kind::Word;
-        strLine += " " + (bWords ? OneOf(argument) : std::string(argument.pszName));
+        const bool bFlag = argument.eKind == Argument::Kind::Flag;
+        const std::string strName = bFlag ? "[" + std::string(argument.pszName) + "]" : argument.pszName;
+        strLine += " " + (bWords ? OneOf(argument) : strName);
         if (argument.eKind == Argument::Kind::Number && argument.iMost < Argument::ANY)
             strRanges += (strRanges.empty() ? "   " : ", ") + std::string(argument.pszName) + " " + Range(argument);
     }

@@ -20,6 +20,7 @@ struct Argument
         Word,   ///< One of vWords.
         Path,   ///< A file's name: quoted, or the rest of the line.
         Points, ///< One or more "X,Y", the rest of the line.
+        Flag,   ///< pszName itself at the end of the line, or nothing: the number 1 or 0.
     };
     static constexpr int ANY = std::numeric_limits<int>::max(); ///< No limit that the command knows beforehand.
 

@@ -102,6 +102,20 @@ void PickColour(P& parts)
     parts.tools.BeginSession(MakeColourPick(parts), strError);
 }
 
+/// Gives up what the person is in the middle of: a stroke, a shape, the pick of a colour.
+void Drop(P& parts)
+{
+    if (parts.tools.Session() && parts.tools.Session()->MayBeDropped())
+        parts.tools.EndSession(false);
+    const bool bSelecting = parts.tools.IsSelecting();
+    parts.tools.DropGesture();
+    if (!bSelecting)
+        return;
+    // The press may have cleared what was selected.
+    parts.selection.Restore(parts.document.History().Current());
+    parts.presenter.Update();
+}
+
 void ZoomAboutCentre(P& parts, int nSteps) { parts.host.Zoom().StepZoom(nSteps, parts.host.Zoom().ViewCentre()); }
 
 std::vector<Command> PhotoCommands()
@@ -118,13 +132,17 @@ std::vector<Command> PhotoCommands()
          Middle::Ends,
          DuringJob::Cancels},
         {"save",
-         {{"PATH", Argument::Kind::Path}},
+         {{"FILE", Argument::Kind::Path}, {"--overwrite", Argument::Kind::Flag}},
          Command::Prepare([](P& parts, const Values& v, std::string& strError)
-                          { return SaveJob(parts, Text(v, 0), false, strError); })},
-        {"save-over",
-         {{"PATH", Argument::Kind::Path}},
-         Command::Prepare([](P& parts, const Values& v, std::string& strError)
-                          { return SaveJob(parts, Text(v, 0), true, strError); })},
+                          { return SaveJob(parts, Text(v, 0), Number(v, 1) != 0, strError); })},
+        {"jpeg-quality",
+         {{"QUALITY", Argument::Kind::Number, 1, 100}},
+         [](P& parts, const Values& v, std::string&)
+         {
+             parts.iJpegQuality = Number(v, 0);
+             return true;
+         },
+         Middle::Keeps},
         {"auto-contrast", {}, AsJob([](P& parts, const Values&) { return AutoContrastJob(parts); })},
         {"brightness-contrast",
          {LEVELS, PERCENT},
@@ -216,7 +234,7 @@ std::vector<Command> ToolCommands()
          {{"X,Y ...", Argument::Kind::Points}},
          [](P& parts, const Values& v, std::string& strError)
          { return PaintStroke(parts, std::get<Points>(v[0]), strError); }},
-        {"drop", {}, Simply([](P& parts) { parts.tools.DropGesture(); }), Middle::Keeps, DuringJob::Runs},
+        {"drop", {}, Simply(&Drop), Middle::Keeps, DuringJob::Runs},
     };
 }
 

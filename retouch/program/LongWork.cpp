@@ -59,6 +59,9 @@ std::optional<Job> PixelJob(ProgramParts& parts, const char* pszStep, Change cha
     return job;
 }
 
+/// The weights of a mask; without one every pixel takes part.
+MaskView WeightsOf(const std::vector<BYTE>& vMask, int cx) { return {vMask.empty() ? nullptr : vMask.data(), cx}; }
+
 /// Work on a copy of the selection's weights, which becomes a step.
 std::optional<Job> MaskJob(ProgramParts& parts, const char* pszStep,
                            std::function<bool(std::vector<BYTE>& vMask, CProgress& progress)> change)
@@ -124,7 +127,10 @@ Job OpenSampleJob(ProgramParts& parts)
 
 std::optional<Job> AutoContrastJob(ProgramParts& parts)
 {
-    return PixelJob(parts, QT_TRANSLATE_NOOP("History", "Auto Contrast"), &StretchContrast);
+    const auto vMask = parts.selection.IsThere() ? parts.selection.Mask() : std::vector<BYTE>();
+    return PixelJob(parts, QT_TRANSLATE_NOOP("History", "Auto Contrast"),
+                    [=](PixelView pixels, CProgress& progress)
+                    { return StretchContrast(pixels, WeightsOf(vMask, pixels.cx), progress); });
 }
 
 std::optional<Job> BrightnessContrastJob(ProgramParts& parts, BrightnessContrast settings)
@@ -132,10 +138,7 @@ std::optional<Job> BrightnessContrastJob(ProgramParts& parts, BrightnessContrast
     const auto vMask = parts.selection.IsThere() ? parts.selection.Mask() : std::vector<BYTE>();
     return PixelJob(parts, QT_TRANSLATE_NOOP("History", "Brightness and Contrast"),
                     [=](PixelView pixels, CProgress& progress)
-                    {
-                        const MaskView weights = {vMask.empty() ? nullptr : vMask.data(), pixels.cx};
-                        return AdjustBrightnessContrast(pixels, weights, settings, progress);
-                    });
+                    { return AdjustBrightnessContrast(pixels, WeightsOf(vMask, pixels.cx), settings, progress); });
 }
 
 std::optional<Job> RevertJob(ProgramParts& parts)

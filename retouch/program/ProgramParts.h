@@ -36,6 +36,7 @@ struct ProgramParts
     CSelection& selection;
     CToolBox& tools;
     std::optional<LastPick> lastPick = {};
+    int iJpegQuality = 90; ///< 1 to 100.
 
     /// Is called when another photo has come.
     std::function<void()> photoShown = {};

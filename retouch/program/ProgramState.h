@@ -13,6 +13,7 @@ struct ProgramState
     // The photo.
     std::string strPath; ///< Empty for one that is no file.
     CSize szPhoto;       ///< 0 x 0 without one.
+    bool bUnsaved;       ///< Its pixels are not those of its file.
     unsigned uPhotos;    ///< How many have been shown so far.
     std::string strUndo; ///< What would be undone or done again; empty for nothing.
     std::string strRedo;

@@ -52,20 +52,22 @@ void CRetoucher::ShowPhoto(CPhoto photo) { ::ShowPhoto(m_parts, std::move(photo)
 
 LRESULT CRetoucher::OnNotified(UINT uCode)
 {
-    if (const char* const pszStep = CToolBox::StepNameOf(uCode))
+    if (const char* const pszStep = m_tools.StepNameOf(uCode))
         m_strPending = pszStep;
     // The hand shows the outline when it is let go.
     if (uCode == Pixtane::PVN_IMAGEMOVER_END && m_selection.IsOutlineHidden())
         m_parts.view.ShowSelection(FALSE);
     if (uCode == Pixtane::PVN_DISPLAYCHANGED)
         m_presenter.Update();
-    if (const char* const pszStroke = CToolBox::StrokeNameOf(uCode))
+    if (const char* const pszStroke = m_tools.StrokeNameOf(uCode))
         CommitStroke(pszStroke);
     if (uCode == Pixtane::PVN_CLONESTAMP_NOSOURCE)
         Tell(Message(QT_TRANSLATE_NOOP("Program", "set the source first: Alt and a click, or S and a click")));
     if (CToolSession* const pSession = m_tools.Session())
         pSession->OnNotified(uCode);
-    CommitSelection();
+    // A polygon clears the selection before it takes the mouse: what follows tells what it was.
+    if (uCode != Pixtane::PVN_SELECTION_CLEARED)
+        CommitSelection();
     return 0;
 }
 

@@ -44,6 +44,11 @@ public:
     bool IsBusy() const { return m_runner.Jobs().IsBusy(); }
 
     /// Whether a stroke of a brush is under way.
+    /// Whether the person is in the middle of what the command "drop" gives up.
+    bool CanDrop() const
+    {
+        return IsPainting() || m_tools.IsSelecting() || (m_tools.Session() && m_tools.Session()->MayBeDropped());
+    }
     bool IsPainting() const { return m_tools.Painter() && m_tools.Painter()->IsPainting(); }
 
     /// What a window shows of it all.

@@ -3,6 +3,7 @@
 #include "program/ToolSession.h"
 #include "view/EmbeddedTool.h"
 
+#include <limits>
 #include <memory>
 #include <span>
 #include <string>
@@ -53,7 +54,8 @@ struct ToolOption
     void (*pSet)(ProgramParts& parts, int iValue);
     const char* pszLessKey = ""; ///< Keys that make a number smaller and larger by a step.
     const char* pszMoreKey = "";
-    bool bDigits = false; ///< The keys 1 to 9 and 0 set it to tenths of the whole.
+    bool bDigits = false;                            ///< The keys 1 to 9 and 0 set it to tenths of the whole.
+    int iMostKept = std::numeric_limits<int>::max(); ///< Values above are for the moment, and are not kept.
 
     /// A value as the command has it.
     std::string Text(int iValue) const;

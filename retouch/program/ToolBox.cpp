@@ -54,20 +54,27 @@ void CToolBox::DropGesture()
     if (!IsGesture())
         return;
     m_bDropping = true;
+    if (IsSelecting())
+        m_view.UnloadEmbeddedTool(); // Without the mouse it would finish the shape.
     ::ReleaseCapture();
     m_bDropping = false;
+    if (!m_view.pEmbeddedTool())
+        LoadChosen();
 }
 
-const char* CToolBox::NameOf(UINT uCode, std::span<const StepName> Tool::*pNames)
+const char* CToolBox::NameOf(UINT uCode, std::span<const StepName> Tool::*pNames) const
 {
-    for (const Tool& tool : Tools())
+    const auto nameOf = [=](const Tool& tool)
     {
         const std::span<const StepName> vNames = tool.*pNames;
         const auto it = std::ranges::find(vNames, uCode, &StepName::uCode);
-        if (it != vNames.end())
-            return it->pszName;
-    }
-    return nullptr;
+        return it == vNames.end() ? nullptr : it->pszName;
+    };
+    // The same may be told by several tools, and be called otherwise.
+    const char* pszName = nameOf(*m_pChosen);
+    for (const Tool& tool : Tools())
+        pszName = pszName ? pszName : nameOf(tool);
+    return pszName;
 }
 
 // ---- settings
@@ -105,7 +112,7 @@ std::vector<std::string> CToolBox::CommandsOf(const char* pszSettings, const std
         };
         const bool bOwn = std::ranges::any_of(Tools(), isOwn);
         const int iValue = pOption->pGet(*this);
-        if (bOwn && iValue >= pOption->iLeast && iValue <= pOption->iMost)
+        if (bOwn && iValue >= pOption->iLeast && iValue <= std::min(pOption->iMost, pOption->iMostKept))
             vCommands.push_back(std::string(pOption->pszWord) + " " + pOption->Text(iValue));
     }
     keeper.UnserializeToolSettings(vBefore);

@@ -48,6 +48,7 @@ public:
     /// Whether the person is in the middle of anything: a session, or a gesture that holds the mouse.
     bool IsInMiddle() const { return m_pSession || IsGesture(); }
     bool IsGesture() const { return ::GetCapture() == m_view.m_hWnd; }
+    bool IsSelecting() const { return IsGesture() && !m_pSession && !m_pChosen->vSteps.empty(); }
     void EndMiddle(bool bApply);
 
     /// Ends a gesture so that nothing comes of it.
@@ -72,8 +73,8 @@ public:
     std::function<void()> strokeEnded;
 
     /// What the history calls a change of the selection, or a stroke, that the view tells of; NULL when it is none.
-    static const char* StepNameOf(UINT uCode) { return NameOf(uCode, &Tool::vSteps); }
-    static const char* StrokeNameOf(UINT uCode) { return NameOf(uCode, &Tool::vStrokes); }
+    const char* StepNameOf(UINT uCode) const { return NameOf(uCode, &Tool::vSteps); }
+    const char* StrokeNameOf(UINT uCode) const { return NameOf(uCode, &Tool::vStrokes); }
 
     /// The settings kept under a name, as the tool's own bytes.
     std::vector<BYTE> Settings(const char* pszSettings);
@@ -82,7 +83,7 @@ public:
     std::vector<std::string> CommandsOf(const char* pszSettings, const std::vector<BYTE>& vSettings);
 
 private:
-    static const char* NameOf(UINT uCode, std::span<const StepName> Tool::*pNames);
+    const char* NameOf(UINT uCode, std::span<const StepName> Tool::*pNames) const;
     Pixtane::CPixtane::IEmbeddedTool& Keeper(const char* pszSettings);
 
     Pixtane::CPixtane& m_view;

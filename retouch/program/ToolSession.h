@@ -32,6 +32,9 @@ public:
     /// Puts the frame there; FALSE when it has none.
     virtual bool PlaceFrame(const CRect&) { return false; }
 
+    /// Whether Esc ends it without counting, and it has no buttons of its own for that.
+    virtual bool MayBeDropped() const { return false; }
+
     /// What the keys and the mouse do now, in place of the tool's hint; NULL for the same.
     virtual const char* Hint() const { return nullptr; }
 };

@@ -1,6 +1,7 @@
 #include "program/Brushes.h"
 #include "program/ColourPick.h"
 #include "program/Limits.h"
+#include "program/ShapeTool.h"
 #include "program/Tool.h"
 #include "program/ToolBox.h"
 #include "program/Transform.h"
@@ -9,6 +10,7 @@
 #include "view/Notifications.h"
 
 #include <algorithm>
+#include <array>
 #include <QtGlobal>
 
 namespace
@@ -20,18 +22,38 @@ using Embedded = Pixtane::CPixtane::IEmbeddedTool;
 
 constexpr UINT KEYS[] = {VK_SPACE, VK_DELETE, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN};
 
-constexpr StepName SELECTION_STEPS[] = {
-    {Pixtane::PVN_SELECT_NEW, QT_TRANSLATE_NOOP("History", "Select")},
-    {Pixtane::PVN_SELECT_ADD, QT_TRANSLATE_NOOP("History", "Add to Selection")},
-    {Pixtane::PVN_SELECT_SUBTRACT, QT_TRANSLATE_NOOP("History", "Subtract from Selection")},
-    {Pixtane::PVN_SELECT_INTERSECT, QT_TRANSLATE_NOOP("History", "Intersect Selection")},
-    {Pixtane::PVN_SELECTION_CLEARED, QT_TRANSLATE_NOOP("History", "Deselect")},
-    {Pixtane::PVN_SELECTION_INVERTED, QT_TRANSLATE_NOOP("History", "Invert Selection")},
-    {Pixtane::PVN_SELECTION_MOVED, QT_TRANSLATE_NOOP("History", "Move Selection")},
-};
+using Steps = std::array<StepName, 7>;
 
-const RegionSelector& Selector(const CToolBox& tools) { return tools.Embedded<RegionSelector>(); }
-RegionSelector& Selector(ProgramParts& parts) { return parts.tools.Embedded<RegionSelector>(); }
+/// The steps of a tool that selects, by what its rule does.
+constexpr Steps StepsOf(const char* pszNew, const char* pszAdd, const char* pszSubtract, const char* pszIntersect)
+{
+    return {{{Pixtane::PVN_SELECT_NEW, pszNew},
+             {Pixtane::PVN_SELECT_ADD, pszAdd},
+             {Pixtane::PVN_SELECT_SUBTRACT, pszSubtract},
+             {Pixtane::PVN_SELECT_INTERSECT, pszIntersect},
+             {Pixtane::PVN_SELECTION_CLEARED, QT_TRANSLATE_NOOP("History", "Deselect")},
+             {Pixtane::PVN_SELECTION_INVERTED, QT_TRANSLATE_NOOP("History", "Invert Selection")},
+             {Pixtane::PVN_SELECTION_MOVED, QT_TRANSLATE_NOOP("History", "Move Selection")}}};
+}
+
+constexpr Steps RECTANGLE_STEPS = StepsOf(
+    QT_TRANSLATE_NOOP("History", "Rectangle Selection"), QT_TRANSLATE_NOOP("History", "Add Rectangle"),
+    QT_TRANSLATE_NOOP("History", "Subtract Rectangle"), QT_TRANSLATE_NOOP("History", "Intersect with Rectangle"));
+constexpr Steps ELLIPSE_STEPS =
+    StepsOf(QT_TRANSLATE_NOOP("History", "Ellipse Selection"), QT_TRANSLATE_NOOP("History", "Add Ellipse"),
+            QT_TRANSLATE_NOOP("History", "Subtract Ellipse"), QT_TRANSLATE_NOOP("History", "Intersect with Ellipse"));
+constexpr Steps LASSO_STEPS =
+    StepsOf(QT_TRANSLATE_NOOP("History", "Lasso Selection"), QT_TRANSLATE_NOOP("History", "Add by Lasso"),
+            QT_TRANSLATE_NOOP("History", "Subtract by Lasso"), QT_TRANSLATE_NOOP("History", "Intersect by Lasso"));
+constexpr Steps POLYGON_STEPS =
+    StepsOf(QT_TRANSLATE_NOOP("History", "Polygon Selection"), QT_TRANSLATE_NOOP("History", "Add Polygon"),
+            QT_TRANSLATE_NOOP("History", "Subtract Polygon"), QT_TRANSLATE_NOOP("History", "Intersect with Polygon"));
+constexpr Steps WAND_STEPS = StepsOf(
+    QT_TRANSLATE_NOOP("History", "Magic Wand"), QT_TRANSLATE_NOOP("History", "Add by Magic Wand"),
+    QT_TRANSLATE_NOOP("History", "Subtract by Magic Wand"), QT_TRANSLATE_NOOP("History", "Intersect by Magic Wand"));
+
+const RegionSelector& Selector(const CToolBox& tools) { return tools.Embedded<CShapeTool>(); }
+RegionSelector& Selector(ProgramParts& parts) { return parts.tools.Embedded<CShapeTool>(); }
 
 const std::vector<Choice> RULES = {
     {"new", QT_TRANSLATE_NOOP("Tool", "New selection"), "1", {"R 10 10 10 10", Icon::Style::Merge}},
@@ -53,7 +75,11 @@ const ToolOption RULE = {"rule",
                          RULES,
                          [](const CToolBox& tools) -> int { return Selector(tools).GetSelectOverlapMode(); },
                          [](ProgramParts& parts, int iRule)
-                         { Selector(parts).SetSelectOverlapMode(static_cast<RegionSelector::emOverlapMode>(iRule)); }};
+                         { Selector(parts).SetSelectOverlapMode(static_cast<RegionSelector::emOverlapMode>(iRule)); },
+                         "",
+                         "",
+                         false,
+                         RegionSelector::OM_ADD};
 
 const ToolOption FEATHER = {"feather",
                             "PIXELS",
@@ -100,7 +126,7 @@ const Choice CLONE_ACTIONS[] = {{PICK_SOURCE_COMMAND,
 template<RegionSelector::emSelectMode MODE>
 Embedded& Shape(CToolBox& tools)
 {
-    auto& selector = tools.Embedded<RegionSelector>();
+    auto& selector = tools.Embedded<CShapeTool>();
     selector.SetSelectMode(MODE);
     return selector;
 }
@@ -166,7 +192,7 @@ const Tool TOOLS[] = {
      .icon = {"R 3.5 5.5 17 13", Icon::Style::Dashed},
      .vKeys = KEYS,
      .vOptions = SELECTOR_OPTIONS,
-     .vSteps = SELECTION_STEPS,
+     .vSteps = RECTANGLE_STEPS,
      .pszSettings = SELECTOR_SETTINGS,
      .pPrepare = &Shape<RegionSelector::SM_RECTANGLE>,
      .vTour = RECTANGLE_TOUR},
@@ -177,7 +203,7 @@ const Tool TOOLS[] = {
      .icon = {"E 3.5 5.5 17 13", Icon::Style::Dashed},
      .vKeys = KEYS,
      .vOptions = SELECTOR_OPTIONS,
-     .vSteps = SELECTION_STEPS,
+     .vSteps = ELLIPSE_STEPS,
      .pszSettings = SELECTOR_SETTINGS,
      .pPrepare = &Shape<RegionSelector::SM_ELLIPSE>,
      .vTour = ELLIPSE_TOUR},
@@ -188,7 +214,7 @@ const Tool TOOLS[] = {
      .icon = {"E 3 4 18 11 M 7 14 C 5 16 9 17 7 21"},
      .vKeys = KEYS,
      .vOptions = SELECTOR_OPTIONS,
-     .vSteps = SELECTION_STEPS,
+     .vSteps = LASSO_STEPS,
      .pszSettings = SELECTOR_SETTINGS,
      .pPrepare = &Shape<RegionSelector::SM_LASSO>,
      .vTour = LASSO_TOUR},
@@ -199,7 +225,7 @@ const Tool TOOLS[] = {
      .icon = {"M 4 8 L 12 4 L 20 7 L 17 19 L 9 14 L 5 19 L 4 8"},
      .vKeys = KEYS,
      .vOptions = SELECTOR_OPTIONS,
-     .vSteps = SELECTION_STEPS,
+     .vSteps = POLYGON_STEPS,
      .pszSettings = SELECTOR_SETTINGS,
      .pPrepare = &Shape<RegionSelector::SM_POLYGON>,
      .vTour = POLYGON_TOUR},
@@ -211,7 +237,7 @@ const Tool TOOLS[] = {
               "M 5 12.2 L 5 15.8"},
      .vKeys = KEYS,
      .vOptions = SELECTOR_OPTIONS,
-     .vSteps = SELECTION_STEPS,
+     .vSteps = WAND_STEPS,
      .pszSettings = SELECTOR_SETTINGS,
      .bPicksColour = true,
      .pPrepare = &Shape<RegionSelector::SM_MAGICWAND>,

@@ -1,14 +1,15 @@
 #include "window/MainWindow.h"
-#include "document/SavePhoto.h"
 
-#include "program/CommandText.h"
 #include "qt/PixtaneWidget.h"
 #include "qtdesktop/QtDesktop.h"
 #include "window/HeldInput.h"
+#include "window/Label.h"
+#include "window/PhotoFiles.h"
+#include "window/RecentFiles.h"
 
 #include <algorithm>
 #include <QApplication>
-#include <QFileDialog>
+#include <QCloseEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
@@ -21,9 +22,7 @@
 namespace
 {
 
-constexpr int MOST_RECENT_FILES = 8;
 constexpr DWORD BACKGROUND = RGB(58, 60, 64);
-const char* const RECENT_FILES = "recentFiles";
 
 /// The names that tools keep settings under, each once.
 std::vector<const char*> SettingsNames()
@@ -44,6 +43,8 @@ CMainWindow::CMainWindow()
     : m_pView(new CPixtaneWidget(this)), m_retoucher(m_pView->Host(), CRetoucher::LongWork::InBackground)
 {
     setCentralWidget(m_pView);
+    m_pFiles = new CPhotoFiles(*this, m_retoucher, [this](const std::string& strCommand) { Execute(strCommand); });
+    m_pFiles->setParent(this);
     m_pView->View().SetBackgroundColor(BACKGROUND);
     m_pView->setAccessibleName(tr("Photo"));
     m_pView->SetToolKeys([this](UINT uKey) { return UsesKey(uKey); });
@@ -110,53 +111,25 @@ bool CMainWindow::UsesKey(UINT uKey) const
 void CMainWindow::FillRecentMenu()
 {
     m_pRecentMenu->clear();
-    for (const QString& strPath : QSettings().value(RECENT_FILES).toStringList())
-        m_pRecentMenu->addAction(QFileInfo(strPath).fileName(), this, [this, strPath] { OpenFile(strPath); });
+    for (const RecentFile& file : RecentFiles())
+        m_pRecentMenu->addAction(AsLabel(file.strText), this, [this, file] { OpenFile(file.strPath); });
     if (m_pRecentMenu->isEmpty())
         m_pRecentMenu->addAction(tr("None yet"))->setEnabled(false);
 }
 
-void CMainWindow::RememberRecent(const QString& strPath)
-{
-    QSettings settings;
-    QStringList vPaths = settings.value(RECENT_FILES).toStringList();
-    vPaths.removeAll(strPath);
-    vPaths.prepend(strPath);
-    settings.setValue(RECENT_FILES, vPaths.mid(0, MOST_RECENT_FILES));
-}
+void CMainWindow::OpenFile(const QString& strPath) { m_pFiles->Open(strPath); }
 
-void CMainWindow::ChooseFile()
+void CMainWindow::closeEvent(QCloseEvent* pEvent)
 {
-    const QString strPath =
-        QFileDialog::getOpenFileName(this, tr("Open a photo"), {}, tr("Photos (*.jpg *.jpeg *.png *.tif *.tiff)"));
-    if (!strPath.isEmpty())
-        OpenFile(strPath);
-}
-
-void CMainWindow::SaveAs()
-{
-    CPhoto* const pPhoto = m_retoucher.Photo();
-    if (!pPhoto)
-        return;
-    const QString strPath =
-        QFileDialog::getSaveFileName(this, tr("Save the photo"), QString::fromStdString(m_retoucher.State().strPath),
-                                     tr("Photos (*.jpg *.jpeg *.png *.tif *.tiff)"));
-    if (strPath.isEmpty())
-        return;
-    QStringList vLosses;
-    if (const auto format = FormatOfName(strPath.toStdString()))
-    {
-        for (const std::string& strLoss : pPhoto->Origin().WhatWouldBeLost(*format))
-            vLosses += QString::fromStdString(strLoss);
-    }
-    const QString strQuestion = tr("This file would not hold: %1. Save it all the same?").arg(vLosses.join(", "));
-    if (vLosses.isEmpty() || QMessageBox::question(this, windowTitle(), strQuestion) == QMessageBox::Yes)
-        Execute("save-over " + Quoted(strPath.toStdString())); // The dialog has asked about a file that is there.
-}
-
-void CMainWindow::OpenFile(const QString& strPath)
-{
-    Execute(strPath.isEmpty() ? "open-sample" : "open " + Quoted(QFileInfo(strPath).absoluteFilePath().toStdString()));
+    if (m_bMayClose || !m_retoucher.State().bUnsaved)
+        return QMainWindow::closeEvent(pEvent);
+    pEvent->ignore();
+    m_pFiles->BeforeLosing(
+        [this]
+        {
+            m_bMayClose = true;
+            close();
+        });
 }
 
 void CMainWindow::ShowOpened(const ProgramState& state)
@@ -165,8 +138,15 @@ void CMainWindow::ShowOpened(const ProgramState& state)
     if (!strPath.isEmpty())
         RememberRecent(strPath);
     m_bFitWhenShown = !isVisible();
-    setWindowTitle((strPath.isEmpty() ? tr("Sample") : QFileInfo(strPath).fileName()) + " - retouch");
     statusBar()->clearMessage();
+}
+
+void CMainWindow::ShowTitle(const ProgramState& state)
+{
+    QString strName =
+        state.strPath.empty() ? tr("Sample") : QFileInfo(QString::fromStdString(state.strPath)).fileName();
+    setWindowTitle(strName.replace("[*]", "[*][*]") + "[*] - retouch");
+    setWindowModified(state.bUnsaved);
 }
 
 void CMainWindow::OnChanged(const std::string& strError)
@@ -197,7 +177,7 @@ bool CMainWindow::eventFilter(QObject* pWatched, QEvent* pEvent)
     if (!bKey || !isActiveWindow())
         return QMainWindow::eventFilter(pWatched, pEvent);
     const auto* pKey = static_cast<QKeyEvent*>(pEvent);
-    if (pKey->key() == Qt::Key_Escape && pEvent->type() == QEvent::KeyPress && m_retoucher.IsPainting())
+    if (pKey->key() == Qt::Key_Escape && pEvent->type() == QEvent::KeyPress && m_retoucher.CanDrop())
     {
         Execute("drop");
         return true;

@@ -8,6 +8,7 @@
 
 class CChoiceGroup;
 class CHeldInput;
+class CPhotoFiles;
 class COptionsBar;
 class CPixtaneWidget;
 class CTransformBar;
@@ -28,13 +29,14 @@ public:
     winlite::Picture TakePicture();
 
     /// Opens a photo file, in the background; on failure a message, and the picture before stays. Empty shows the
-    /// sample picture.
+    /// sample picture. Asks first when changes would be lost.
     void OpenFile(const QString& strPath);
 
 protected:
     /// B shows the original while it is held, wherever the focus is in this window, and Esc drops a stroke.
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
     void showEvent(QShowEvent* pEvent) override;
+    void closeEvent(QCloseEvent* pEvent) override;
 
 private:
     void MakeMenus();
@@ -50,12 +52,8 @@ private:
     void RestoreSettings();
     void KeepSettings();
     void FillRecentMenu();
-    void RememberRecent(const QString& strPath);
-    void ChooseFile();
-
-    /// Asks for a name, says what the file would not hold, and saves.
-    void SaveAs();
     void ShowOpened(const ProgramState& state);
+    void ShowTitle(const ProgramState& state);
 
     QAction* AddCommand(QMenu& menu, const QString& strText, const QList<QKeySequence>& vKeys,
                         const std::string& strCommand);
@@ -79,6 +77,8 @@ private:
     QLabel* m_pColourLabel = nullptr;
     QPoint m_ptPointer{-1, -1}; ///< Window coordinates of the view.
     CRetoucher m_retoucher;
+    CPhotoFiles* m_pFiles = nullptr;
+    bool m_bMayClose = false; ///< The person has said what is to become of the changes.
     std::unique_ptr<CHeldInput> m_pHeldInput;
     unsigned m_uPhotos = 0; ///< Photos that have been shown, as far as the window knows.
     bool m_bFitWhenShown = false;

@@ -1,8 +1,10 @@
 #include "program/Limits.h"
 #include "qt/PixtaneWidget.h"
 #include "window/BrightnessDialog.h"
+#include "window/Label.h"
 #include "window/MainWindow.h"
 #include "window/OptionsBar.h"
+#include "window/PhotoFiles.h"
 #include "window/TransformBar.h"
 #include "window/WorkBar.h"
 
@@ -25,12 +27,14 @@ void CMainWindow::MakeMenus()
 void CMainWindow::MakeFileMenu()
 {
     QMenu* pMenu = menuBar()->addMenu(tr("&File"));
-    pMenu->addAction(tr("&Open..."), QKeySequence::Open, this, &CMainWindow::ChooseFile);
+    pMenu->addAction(tr("&Open..."), QKeySequence::Open, m_pFiles, &CPhotoFiles::Choose);
     m_pRecentMenu = pMenu->addMenu(tr("Open &Recent"));
     connect(m_pRecentMenu, &QMenu::aboutToShow, this, &CMainWindow::FillRecentMenu);
-    pMenu->addAction(tr("Open S&ample Picture"), this, [this] { OpenFile({}); });
+    pMenu->addAction(tr("Open Sa&mple Picture"), this, [this] { OpenFile({}); });
     pMenu->addSeparator();
-    pMenu->addAction(tr("&Save As..."), QKeySequence(tr("Ctrl+Shift+S")), this, &CMainWindow::SaveAs);
+    pMenu->addAction(tr("&Save"), QKeySequence::Save, m_pFiles, [this] { m_pFiles->Save(); });
+    pMenu->addAction(tr("Save &As..."), QKeySequence(tr("Ctrl+Shift+S")), m_pFiles, [this] { m_pFiles->SaveAs(); });
+    pMenu->addAction(tr("&JPEG Quality..."), m_pFiles, &CPhotoFiles::AskQuality);
     pMenu->addSeparator();
     pMenu->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 }
@@ -172,8 +176,8 @@ void CMainWindow::NameSteps(const ProgramState& state)
     const auto name = [](QAction& action, const QString& strWhat, const std::string& strStep)
     {
         action.setEnabled(!strStep.empty());
-        action.setText(strStep.empty() ? strWhat
-                                       : strWhat + " " + QCoreApplication::translate("History", strStep.c_str()));
+        const QString strName = AsLabel(QCoreApplication::translate("History", strStep.c_str()));
+        action.setText(strStep.empty() ? strWhat : strWhat + " " + strName);
     };
     name(*m_pUndo, tr("&Undo"), state.strUndo);
     name(*m_pRedo, tr("&Redo"), state.strRedo);
@@ -186,6 +190,7 @@ void CMainWindow::Refresh()
     const ProgramState state = m_retoucher.State();
     if (std::exchange(m_uPhotos, state.uPhotos) != state.uPhotos)
         ShowOpened(state);
+    ShowTitle(state);
     NameSteps(state);
     m_pHideOutline->setChecked(state.bOutlineHidden);
     m_pStillOutline->setChecked(state.bOutlineStill);

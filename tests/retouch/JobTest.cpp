@@ -124,7 +124,7 @@ TEST_F(JobTest, WhatComesMeanwhileHasItsTurnAndScrollingGoesOn)
     Begin(*retoucher, "open /no/such/file.png");
     Begin(*retoucher, "undo");
     Settle();
-    EXPECT_EQ(strOrder, "Select; Grow Selection; Select All; ") << "opening a photo cancels what runs";
+    EXPECT_EQ(strOrder, "Ellipse Selection; Grow Selection; Select All; ") << "opening a photo cancels what runs";
     EXPECT_NE(strErrors.find("/no/such/file.png"), std::string::npos);
     EXPECT_EQ(retoucher->State().strUndo, "Grow Selection");
     EXPECT_FALSE(retoucher->State().work);

@@ -3,6 +3,7 @@
 #include "support/User.h"
 
 #include <gtest/gtest.h>
+#include <QTemporaryDir>
 #include <random>
 
 namespace
@@ -79,7 +80,7 @@ TEST_F(RetoucherTest, EverySelectionIsOneStepToUndoAndRedo)
         Do("redo");
         EXPECT_EQ(Box(), pszBox);
     }
-    EXPECT_EQ(retoucher.State().strRedo, "Add to Selection");
+    EXPECT_EQ(retoucher.State().strRedo, "Add Rectangle");
     Do("select-all");
     EXPECT_EQ(retoucher.State().strRedo, "") << "what was undone is gone";
     Do("select-none");
@@ -111,6 +112,97 @@ TEST_F(RetoucherTest, AnAdjustmentGoesAsFarAsTheSelectionSaysAndComesBack)
     EXPECT_EQ(Pixel(150, 100), 100);
     Do("undo");
     EXPECT_EQ(Pixel(5, 5), 128);
+}
+
+TEST_F(RetoucherTest, APhotoIsUnsavedWhileItsPixelsAreNotThoseOfItsFile)
+{
+    const QTemporaryDir folder;
+    const std::string strSave = "save " + folder.path().toStdString() + "/a b.png";
+    const struct
+    {
+        std::string strCommand;
+        bool bUnsaved;
+    } vSteps[] = {
+        {"select-all", false},
+        {"brightness-contrast 60 0", true},
+        {"undo", false},
+        {"redo", true},
+        {strSave, false},
+        {"select-none", false},
+        {"undo", false},
+        {"undo", true},
+        {"brightness-contrast 60 0", true}, // The same pixels by another way may be said to differ.
+        {strSave + " --overwrite", false},
+        {"revert", true},
+        {"open-sample", false},
+    };
+    for (const auto& step : vSteps)
+    {
+        Do(step.strCommand);
+        EXPECT_EQ(retoucher.State().bUnsaved, step.bUnsaved) << step.strCommand;
+    }
+    EXPECT_NE(Refusal("save {name}.png").find("comes from no file"), std::string::npos);
+}
+
+TEST_F(RetoucherTest, ClicksSelectNothingAndADroppedShapeBringsBackWhatWas)
+{
+    const struct
+    {
+        const char* pszTool;
+        CSize szMove; ///< Between press and release, in screen pixels.
+        const char* pszNew;
+        const char* pszAdded;
+    } vCases[] = {{"rectangle", {0, 0}, "none", "10,10,50,30"},
+                  {"rectangle", {1, 1}, "none", "10,10,50,30"},
+                  {"rectangle", {2, 0}, "200,100,203,101", "10,10,203,101"},
+                  {"ellipse", {1, 0}, "none", "10,10,50,30"},
+                  {"lasso", {1, 1}, "none", "10,10,50,30"}};
+    for (const auto& c : vCases)
+    {
+        for (const bool bAdd : {false, true})
+        {
+            SCOPED_TRACE(c.pszTool);
+            Do("rule new");
+            Do("tool rectangle");
+            Do("select-none");
+            Drag({10, 10}, {49, 29});
+            Do(bAdd ? "rule add" : "rule new");
+            Do(std::string("tool ") + c.pszTool);
+            const std::string strBefore = retoucher.State().strUndo;
+            user.Wait(600);
+            user.Drag(At(200, 100), At(200, 100) + c.szMove);
+            EXPECT_EQ(Box(), bAdd ? c.pszAdded : c.pszNew);
+            if (Box() == "none" || Box() == "10,10,50,30")
+            {
+                EXPECT_EQ(retoucher.State().strUndo, bAdd ? strBefore : "Deselect");
+            }
+        }
+    }
+    Do("rule new");
+    for (const char* pszTool : {"rectangle", "lasso", "polygon"})
+    {
+        Do(std::string("tool ") + pszTool);
+        const std::string strUndo = retoucher.State().strUndo;
+        user.Wait(600);
+        user.Press(At(100, 100));
+        if (pszTool == std::string("polygon"))
+            user.Release(At(100, 100));
+        user.Move(At(150, 150));
+        EXPECT_TRUE(retoucher.CanDrop());
+        Do("drop");
+        user.Release(At(150, 150));
+        EXPECT_EQ(Box(), "10,10,50,30") << pszTool;
+        EXPECT_EQ(retoucher.State().strUndo, strUndo);
+    }
+    Do("pick-colour");
+    EXPECT_TRUE(retoucher.CanDrop());
+    Do("drop");
+    EXPECT_EQ(retoucher.State().strTool, "polygon");
+    EXPECT_FALSE(retoucher.State().bInSession);
+    Do("select-none");
+    const std::string strHint = retoucher.State().strHint;
+    Do("rule intersect");
+    EXPECT_NE(retoucher.State().strHint, strHint) << "there is nothing to intersect with";
 }
 
 TEST_F(RetoucherTest, TheSelectionMenuGrowsShrinksAndSoftens)
@@ -287,7 +379,7 @@ TEST_F(RetoucherTest, TheSelectorsSettingsComeBack)
     const std::vector<BYTE> vSettings = retoucher.Settings("selectorSettings");
     CRetoucher other(host);
     EXPECT_TRUE(other.TakeSettings("selectorSettings", vSettings));
-    EXPECT_EQ(other.State().vOptions["rule"], Pixtane::EmbeddedTool::RegionSelector::OM_SUBTRACT);
+    EXPECT_EQ(other.State().vOptions["rule"], Pixtane::EmbeddedTool::RegionSelector::OM_NEW) << "it would surprise";
     EXPECT_EQ(other.State().vOptions["feather"], 7);
     EXPECT_EQ(other.State().vOptions["tolerance"], 33);
     EXPECT_FALSE(other.TakeSettings("selectorSettings", {}));

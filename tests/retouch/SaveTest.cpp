@@ -228,6 +228,12 @@ TEST_F(SaveTest, WhatIsLostIsNamedAndFormatsKeepTheRest)
         SCOPED_TRACE(c.strPath);
         EXPECT_EQ(Load(c.strPath).Origin().WhatWouldBeLost(PictureFormat::Jpeg), c.vLostAsJpeg);
         EXPECT_EQ(Load(c.strPath).Origin().WhatWouldBeLost(PictureFormat::Png), c.vLostAsPng);
+        CPhoto own = Load(c.strPath);
+        const bool bLoses = !own.Origin().WhatWouldBeLost(own.Origin().format).empty();
+        const QByteArray before = ReadFile(c.strPath);
+        EXPECT_EQ(Save(own, c.strPath).find("it would lose") != std::string::npos, bLoses);
+        EXPECT_TRUE(!bLoses || ReadFile(c.strPath) == before) << "nothing overwrites more with less";
+        WriteFile(std::filesystem::path(c.strPath).filename().c_str(), before);
         for (const char* pszName : {"to.jpg", "to.png", "to.tif"})
         {
             SCOPED_TRACE(pszName);

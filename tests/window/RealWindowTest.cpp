@@ -8,8 +8,10 @@
 #include <gtest/gtest.h>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QMessageBox>
 #include <QProcess>
+#include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -111,6 +113,14 @@ protected:
         EXPECT_TRUE(WaitFor([this] { return ScreenShowsView(); }));
     }
 
+    /// Waits for a question, and presses a button of it.
+    static void Answer(QMessageBox::StandardButton button)
+    {
+        ASSERT_TRUE(WaitFor([] { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }));
+        qobject_cast<QMessageBox*>(QApplication::activeModalWidget())->button(button)->click();
+        ASSERT_TRUE(WaitFor([] { return !QApplication::activeModalWidget(); }));
+    }
+
     CMainWindow window;
 
 private:
@@ -209,6 +219,42 @@ TEST_F(RealWindowTest, ABrokenFileGivesAMessageAndKeepsThePicture)
     EXPECT_TRUE(strMessage.contains("/no/such/photo.jpg"));
     EXPECT_EQ(View().pBmpData(), pBefore);
     ExpectShown();
+}
+
+TEST_F(RealWindowTest, ChangesAreMarkedSavedAndAskedAbout)
+{
+    const QTemporaryDir folder;
+    const QString strPath = folder.filePath("a photo.png");
+    const auto bytes = [&]
+    {
+        QFile file(strPath);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    QImage grey(60, 40, QImage::Format_RGB32);
+    grey.fill(qRgb(100, 100, 100));
+    for (int x = 0; x < 60; ++x)
+        grey.setPixel(x, 5, qRgb(200, 200, 200));
+    ASSERT_TRUE(grey.save(strPath));
+    const QByteArray before = bytes();
+    window.OpenFile(strPath);
+    ASSERT_TRUE(WaitFor([&] { return window.windowTitle() == "a photo.png[*] - retouch"; }));
+    const std::pair<const char*, bool> vSteps[] = {
+        {"ctrl+a", false}, {"ctrl+shift+i", false}, {"ctrl+z", false}, {"ctrl+shift+l", true},
+        {"ctrl+z", false}, {"ctrl+y", true},        {"ctrl+s", false}, {"ctrl+z", true},
+    };
+    for (const auto& [pszKeys, bModified] : vSteps)
+    {
+        Xdo({"key", pszKeys});
+        ASSERT_TRUE(WaitFor([&] { return window.isWindowModified() == bModified; })) << pszKeys;
+    }
+    EXPECT_NE(bytes(), before);
+    window.OpenFile({});
+    Answer(QMessageBox::Cancel);
+    EXPECT_EQ(window.windowTitle(), "a photo.png[*] - retouch");
+    window.close();
+    Answer(QMessageBox::Save);
+    ASSERT_TRUE(WaitFor([&] { return !window.isVisible(); }));
+    EXPECT_EQ(QImage(strPath), grey);
 }
 
 TEST_F(RealWindowTest, ResizingKeepsEveryPixelOnAPixel)
