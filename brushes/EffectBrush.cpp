@@ -67,6 +67,8 @@ int EffectBrush::OnLButtonDown(UINT, CPoint point)
     // The host may have taken anything away while it was asked.
     if (bAllowed && IsIn(view) && ::GetCapture() == view.m_hWnd && CanStroke())
         StartSketching(BitmapPoint(point));
+    else if (IsIn(view) && !view.pBmpData())
+        ReleaseMouse(); // A view without a bitmap does not pass the release on.
     return FALSE;
 }
 

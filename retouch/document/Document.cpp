@@ -45,8 +45,9 @@ bool CDocument::Add(const CTiledSnapshot::Change& change, const std::string& str
 
 bool CDocument::Commit(Pixels& pixels, const std::string& strStep)
 {
+    const bool bStep = Add(pixels.change, strStep); // Memory may run out here, and then nothing has changed.
     pixels.buffer = m_photo->ReplacePixels(std::move(pixels.buffer));
-    return Add(pixels.change, strStep);
+    return bStep;
 }
 
 bool CDocument::CommitArea(const BYTE* pPixels, const CRect& rc, const std::string& strStep)

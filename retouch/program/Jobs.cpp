@@ -6,6 +6,13 @@
 #include <system_error>
 #include <utility>
 
+namespace
+{
+
+std::string NoMemory() { return Message(QT_TRANSLATE_NOOP("Program", "there is not enough memory for this")); }
+
+} // namespace
+
 CJobs::~CJobs()
 {
     m_vWaiting.clear();
@@ -22,16 +29,22 @@ try
 }
 catch (const std::bad_alloc&)
 {
-    strError = Message(QT_TRANSLATE_NOOP("Program", "there is not enough memory for this"));
+    strError = NoMemory();
 }
 
 bool CJobs::Running::End()
+try
 {
     if (bDone)
         job.commit();
     else if (job.drop)
         job.drop();
     return bDone || strError.empty();
+}
+catch (const std::bad_alloc&)
+{
+    strError = NoMemory();
+    return false;
 }
 
 bool CJobs::Run(Job job, std::string& strError)
@@ -41,8 +54,9 @@ bool CJobs::Run(Job job, std::string& strError)
     if (!m_bBackground)
     {
         pRunning->Work();
+        const bool bDone = pRunning->End();
         strError = pRunning->strError;
-        return pRunning->End();
+        return bDone;
     }
     m_pRunning = std::move(pRunning);
     const auto work = [this, &running = *m_pRunning]

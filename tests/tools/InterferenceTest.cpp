@@ -1,3 +1,6 @@
+#include "brushes/CloneStamp.h"
+#include "brushes/DodgeBurn.h"
+#include "brushes/EffectBrush.h"
 #include "selection/RegionSelector.h"
 #include "selection/SelectionModifier.h"
 #include "support/InvertBrush.h"
@@ -18,6 +21,18 @@ using namespace Pixtane::EmbeddedTool;
 namespace
 {
 
+/// A clone stamp whose source is always set.
+class CSourcedStamp : public CloneStamp
+{
+public:
+    int OnLoad(Pixtane::CPixtane& view) override
+    {
+        Reset();
+        m_ptSource = CPoint(20, 20);
+        return CloneStamp::OnLoad(view);
+    }
+};
+
 /// What a host may do inside a notification, against the gestures of every tool.
 class InterferenceTest : public CViewTest
 {
@@ -27,7 +42,8 @@ protected:
     void SetUp() override
     {
         CViewTest::SetUp();
-        brush.SetPen(CInvertBrush::SketchPen::COMPUTED, 9, 100, 100);
+        for (Sketcher* const pBrush : std::initializer_list<Sketcher*>{&brush, &stamp, &dodge, &effect})
+            pBrush->SetPen(CInvertBrush::SketchPen::COMPUTED, 9, 100, 100);
     }
     void TearDown() override
     {
@@ -96,6 +112,9 @@ protected:
     RegionSelector selector;
     SelectionModifier modifier;
     CInvertBrush brush;
+    CSourcedStamp stamp;
+    DodgeBurn dodge;
+    EffectBrush effect;
     ColorPicker picker;
     MovableRectangle navigator;
     HoriLinePen level;
@@ -150,6 +169,7 @@ TEST_F(InterferenceTest, WhateverTheHostDoesInsideANotificationTheNextGestureIsA
             user.Type(VK_RIGHT);
         };
     };
+    const auto stroke = [](CUser& user) { user.Drag({100, 100}, {160, 90}), user.Wait(300); };
     const struct
     {
         const char* pszName;
@@ -174,10 +194,10 @@ TEST_F(InterferenceTest, WhateverTheHostDoesInsideANotificationTheNextGestureIsA
         {"move of a selection", selector, drag({100, 80}, {110, 90})},
         {"move of the modifier's frame", modifier, drag({75, 65}, {295, 195})},
         {"modifier's corner", modifier, drag({149, 109}, {295, 195})},
-        {"brush", brush,
-         [](CUser& user) {
-             user.Drag({100, 100}, {160, 90}), user.Wait(300);
-         }},
+        {"brush", brush, stroke},
+        {"clone stamp", stamp, stroke, true},
+        {"dodge and burn", dodge, stroke},
+        {"effect brush", effect, stroke},
         {"colour picker", picker, drag({100, 100}, {60, 90})},
         {"movable rectangle", navigator, drag({100, 100}, {60, 90})},
         {"horizon line", level, drag({100, 100}, {60, 90})},
