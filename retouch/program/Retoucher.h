@@ -43,12 +43,13 @@ public:
     void WhenIdle(std::function<void()> call) { m_runner.WhenIdle(std::move(call)); }
     bool IsBusy() const { return m_runner.Jobs().IsBusy(); }
 
-    /// Whether a stroke of a brush is under way.
     /// Whether the person is in the middle of what the command "drop" gives up.
     bool CanDrop() const
     {
         return IsPainting() || m_tools.IsSelecting() || (m_tools.Session() && m_tools.Session()->MayBeDropped());
     }
+
+    /// Whether a stroke of a brush is under way.
     bool IsPainting() const { return m_tools.Painter() && m_tools.Painter()->IsPainting(); }
 
     /// What a window shows of it all.
