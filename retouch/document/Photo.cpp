@@ -1,5 +1,7 @@
 #include "document/Photo.h"
 
+#include "document/Message.h"
+
 #include <cstring>
 #include <new>
 #include <QBuffer>
@@ -23,13 +25,13 @@ std::optional<QByteArray> ReadFile(const std::string& strPath, std::string& strR
     QFile file(strName);
     const QFileInfo info(strName);
     if (info.isDir())
-        strReason = "is a folder";
+        strReason = Message(QT_TRANSLATE_NOOP("Program", "is a folder"));
     else if (info.exists() && !info.isFile())
-        strReason = "is not an ordinary file"; // Reading a pipe might never end.
+        strReason = Message(QT_TRANSLATE_NOOP("Program", "is not an ordinary file")); // Reading a pipe might never end.
     else if (!file.open(QIODevice::ReadOnly))
         strReason = file.errorString().toStdString();
     else if (file.size() == 0)
-        strReason = "is empty";
+        strReason = Message(QT_TRANSLATE_NOOP("Program", "is empty"));
     if (!strReason.empty())
         return std::nullopt;
     return file.readAll();
@@ -55,12 +57,12 @@ std::optional<QImage> Decode(QByteArray bytes, const std::string& strPath, Photo
     const auto format = FormatOf(reader);
     if (!format)
     {
-        strReason = "is not a JPEG, PNG or TIFF picture";
+        strReason = Message(QT_TRANSLATE_NOOP("Program", "is not a JPEG, PNG or TIFF picture"));
         return std::nullopt;
     }
     if (qint64{reader.size().width()} * reader.size().height() > MOST_PIXELS)
     {
-        strReason = "is too large: a picture has at most 536 million pixels";
+        strReason = Message(QT_TRANSLATE_NOOP("Program", "is too large: a picture has at most 536 million pixels"));
         return std::nullopt;
     }
     QImage image = reader.read();
@@ -69,7 +71,7 @@ std::optional<QImage> Decode(QByteArray bytes, const std::string& strPath, Photo
         origin = OriginOf(strPath, bytes, *format, image);
         return image;
     }
-    strReason = "is broken: " + reader.errorString().toStdString();
+    strReason = Message(QT_TRANSLATE_NOOP("Program", "is broken: %1"), {reader.errorString().toStdString()});
     return std::nullopt;
 }
 
@@ -123,6 +125,6 @@ try
 }
 catch (const std::bad_alloc&)
 {
-    strError = strPath + ": is too large for the memory";
+    strError = strPath + ": " + Message(QT_TRANSLATE_NOOP("Program", "is too large for the memory"));
     return std::nullopt;
 }

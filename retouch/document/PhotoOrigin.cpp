@@ -1,5 +1,7 @@
 #include "document/PhotoOrigin.h"
 
+#include "document/Message.h"
+
 #include "document/JpegEnd.h"
 #include "document/TiffFields.h"
 
@@ -176,19 +178,20 @@ std::vector<std::string> PhotoOrigin::WhatWouldBeLost(PictureFormat target) cons
     {
         bool bLost;
         const char* pszWords;
-    } vKinds[] = {{bDeep, "16 bits a channel"},
-                  {bTransparent, "transparency"},
-                  {bCmyk, "CMYK colours"},
-                  {bCutOff, "what is left of a picture that is cut off"},
-                  {bMorePictures, "further pictures in the file"},
-                  {bProfileLost || !CanHoldProfile(target), "the colour profile"},
-                  {bMetadata && !bKeepsMetadata, "metadata (EXIF, XMP, IPTC, comments)"},
-                  {!mapTexts.empty() && target != PictureFormat::Png, "texts in the file"}};
+    } vKinds[] = {
+        {bDeep, QT_TRANSLATE_NOOP("Program", "16 bits a channel")},
+        {bTransparent, QT_TRANSLATE_NOOP("Program", "transparency")},
+        {bCmyk, QT_TRANSLATE_NOOP("Program", "CMYK colours")},
+        {bCutOff, QT_TRANSLATE_NOOP("Program", "what is left of a picture that is cut off")},
+        {bMorePictures, QT_TRANSLATE_NOOP("Program", "further pictures in the file")},
+        {bProfileLost || !CanHoldProfile(target), QT_TRANSLATE_NOOP("Program", "the colour profile")},
+        {bMetadata && !bKeepsMetadata, QT_TRANSLATE_NOOP("Program", "metadata (EXIF, XMP, IPTC, comments)")},
+        {!mapTexts.empty() && target != PictureFormat::Png, QT_TRANSLATE_NOOP("Program", "texts in the file")}};
     std::vector<std::string> vWords;
     for (const auto& kind : vKinds)
     {
         if (kind.bLost)
-            vWords.emplace_back(kind.pszWords);
+            vWords.push_back(Message(kind.pszWords));
     }
     return vWords;
 }

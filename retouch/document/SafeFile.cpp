@@ -1,5 +1,7 @@
 #include "document/SafeFile.h"
 
+#include "document/Message.h"
+
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -88,13 +90,14 @@ std::optional<std::string> WhyNotReplaced(const fs::path& path, bool bReplace, s
     if (::stat(path.c_str(), &status) != 0)
         return errno == ENOENT ? std::nullopt : std::optional(LastReason());
     if (S_ISDIR(status.st_mode))
-        return "is a folder";
+        return Message(QT_TRANSLATE_NOOP("Program", "is a folder"));
     if (!S_ISREG(status.st_mode))
-        return "is not an ordinary file";
+        return Message(QT_TRANSLATE_NOOP("Program", "is not an ordinary file"));
     if (!bReplace)
-        return "exists already";
+        return Message(QT_TRANSLATE_NOOP("Program", "exists already"));
     if (::access(path.c_str(), W_OK) != 0)
-        return "is write-protected"; // The folder's rights alone would allow to replace it.
+        return Message(
+            QT_TRANSLATE_NOOP("Program", "is write-protected")); // The folder's rights alone would allow to replace it.
     old = status;
     return std::nullopt;
 }

@@ -1,5 +1,7 @@
 #include "document/SavePhoto.h"
 
+#include "document/Message.h"
+
 #include "document/JpegWriter.h"
 #include "document/SafeFile.h"
 #include "document/UprightSegment.h"
@@ -76,24 +78,26 @@ std::optional<std::string> WhyNotSaved(const std::string& strPath, PixelView pic
     const auto format = FormatOfName(strPath);
     std::error_code error;
     if (!format)
-        return "has no ending of a known format: .jpg, .png or .tif";
+        return Message(QT_TRANSLATE_NOOP("Program", "has no ending of a known format: .jpg, .png or .tif"));
     if (!options.bOverwrite && std::filesystem::exists(strPath, error))
-        return "exists already";
+        return Message(QT_TRANSLATE_NOOP("Program", "exists already"));
     if (IsOwn(strPath, origin))
     {
         if (!options.bEvenIfChanged && IsChanged(strPath, origin))
-            return "was changed by another program since it was opened";
+            return Message(QT_TRANSLATE_NOOP("Program", "was changed by another program since it was opened"));
         if (const auto vLost = origin.WhatWouldBeLost(*format); !vLost.empty())
-            return "is left as it is, since it would lose " + vLost.front() + "; save under another name";
+            return Message(
+                QT_TRANSLATE_NOOP("Program", "is left as it is, since it would lose %1; save under another name"),
+                {vLost.front()});
     }
     std::string strReason;
     const auto bytes = *format == PictureFormat::Jpeg
                            ? EncodeAsJpeg(picture, origin, options.iQuality, progress, strReason)
                            : EncodeByQt(ImageOf(picture, origin), *format, strReason);
     if (progress.IsCancelled())
-        return "was not saved: cancelled";
+        return Message(QT_TRANSLATE_NOOP("Program", "was not saved: cancelled"));
     if (!bytes)
-        return "cannot be written: " + strReason;
+        return Message(QT_TRANSLATE_NOOP("Program", "cannot be written: %1"), {strReason});
     if (auto reason = WriteWhole(strPath, *bytes, options.bOverwrite))
         return reason;
     origin.BecomeSaved(strPath, *format, *bytes);
@@ -111,5 +115,5 @@ try
 }
 catch (const std::bad_alloc&)
 {
-    return strPath + ": is too large for the memory";
+    return strPath + ": " + Message(QT_TRANSLATE_NOOP("Program", "is too large for the memory"));
 }

@@ -1,9 +1,9 @@
 #include "program/Batch.h"
 
+#include "document/Message.h"
 #include "document/SamplePicture.h"
 #include "headless/HeadlessDesktop.h"
 #include "program/CommandText.h"
-#include "program/Message.h"
 #include "program/Retoucher.h"
 
 namespace

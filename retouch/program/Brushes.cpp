@@ -1,9 +1,9 @@
 #include "program/Brushes.h"
 
 #include "brushes/DodgeBurn.h"
+#include "document/Message.h"
 #include "program/CloneTool.h"
 #include "program/EffectTool.h"
-#include "program/Message.h"
 #include "program/ToolBox.h"
 #include "view/Notifications.h"
 

@@ -1,6 +1,6 @@
 #include "program/ColourPick.h"
 
-#include "program/Message.h"
+#include "document/Message.h"
 #include "program/Selection.h"
 #include "program/ShapeTool.h"
 #include "program/ToolBox.h"

@@ -1,7 +1,7 @@
 #include "program/Command.h"
 
+#include "document/Message.h"
 #include "program/CommandText.h"
-#include "program/Message.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,11 +1,11 @@
 #include "program/CommandTable.h"
 
+#include "document/Message.h"
 #include "host/ViewHost.h"
 #include "program/Brushes.h"
 #include "program/ColourPick.h"
 #include "program/Limits.h"
 #include "program/LongWork.h"
-#include "program/Message.h"
 #include "program/Saving.h"
 #include "program/Selection.h"
 #include "program/StrokeCommand.h"

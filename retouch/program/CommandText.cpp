@@ -1,6 +1,6 @@
 #include "program/CommandText.h"
 
-#include "program/Message.h"
+#include "document/Message.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "program/Jobs.h"
 
-#include "program/Message.h"
+#include "document/Message.h"
 
 #include <new>
 #include <system_error>

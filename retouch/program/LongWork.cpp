@@ -1,12 +1,12 @@
 #include "program/LongWork.h"
 
+#include "document/Message.h"
 #include "document/SamplePicture.h"
 #include "host/ViewHost.h"
 #include "pixels/AutoContrast.h"
 #include "pixels/Bands.h"
 #include "pixels/MaskDistance.h"
 #include "platform/vorpix.h"
-#include "program/Message.h"
 #include "program/Selection.h"
 
 #include <cstring>

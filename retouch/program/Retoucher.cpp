@@ -1,10 +1,10 @@
 #include "program/Retoucher.h"
 
+#include "document/Message.h"
 #include "program/Brushes.h"
 #include "program/ColourPick.h"
 #include "program/HeldHand.h"
 #include "program/LongWork.h"
-#include "program/Message.h"
 #include "view/Notifications.h"
 
 #include <utility>

@@ -1,8 +1,8 @@
 #include "program/Saving.h"
 
 #include "document/Document.h"
+#include "document/Message.h"
 #include "document/SavePhoto.h"
-#include "program/Message.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,10 +1,10 @@
 #include "program/StrokeCommand.h"
 
 #include "document/Document.h"
+#include "document/Message.h"
 #include "headless/HeadlessDesktop.h"
 #include "host/ViewHost.h"
 #include "program/Hand.h"
-#include "program/Message.h"
 #include "program/PaintTool.h"
 #include "program/ToolBox.h"
 

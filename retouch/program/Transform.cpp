@@ -1,6 +1,6 @@
 #include "program/Transform.h"
 
-#include "program/Message.h"
+#include "document/Message.h"
 #include "program/Selection.h"
 #include "program/ToolBox.h"
 #include "program/TransformTool.h"

@@ -1,4 +1,4 @@
-#include "program/Message.h"
+#include "document/Message.h"
 
 std::string Message(const char* pszText, std::initializer_list<std::string> vArguments)
 {
