@@ -106,6 +106,11 @@ void CViewHost::ZoomByGesture(double dbZoom, ExactPoint ptWindow)
     m_Zoom.ZoomAbout(dbZoom, ptWindow);
 }
 
+void CViewHost::ShowCursor()
+{
+    m_view.SendMessage(WM_SETCURSOR, reinterpret_cast<WPARAM>(m_view.m_hWnd), MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+}
+
 void CViewHost::PointerLeft()
 {
     winlite::TheJournal().OnCommand(POINTER_LEFT_COMMAND);
@@ -158,8 +163,12 @@ BOOL CViewHost::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* plResult)
 void CViewHost::OnSize(UINT uType, int cx, int cy)
 {
     CWnd::OnSize(uType, cx, cy);
-    if (uType != SIZE_MINIMIZED)
-        m_view.MoveWindow(0, 0, cx, cy);
+    if (uType == SIZE_MINIMIZED)
+        return;
+    const bool bFitted = m_Zoom.IsFitted();
+    m_view.MoveWindow(0, 0, cx, cy);
+    if (bFitted)
+        m_Zoom.ZoomToFit();
 }
 
 void CViewHost::OnSetFocus(CWnd*)

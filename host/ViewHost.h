@@ -41,6 +41,9 @@ public:
     void ScrollByGesture(int dx, int dy);
     void ZoomByGesture(double dbZoom, ExactPoint ptWindow);
 
+    /// Shows the cursor of what is under the pointer, as if it had moved: after a change of the tool nothing else does.
+    void ShowCursor();
+
     /// The pointer has left the picture: what a tool shows about it goes.
     void PointerLeft();
 

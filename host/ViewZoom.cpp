@@ -18,6 +18,7 @@ void CViewZoom::ZoomAbout(double dbZoom, ExactPoint ptWindow)
 {
     if (!m_view.pBmpData())
         return;
+    m_Fitted.reset();
     const ExactPoint ptBitmap = BitmapPosition(ptWindow);
     m_view.LockRedraw();
     m_view.SetZoom(std::clamp(dbZoom, MIN_ZOOM, MAX_ZOOM));
@@ -45,7 +46,11 @@ double CViewZoom::FitZoom(bool bEnlarge)
     return bEnlarge ? dbFit : std::min(dbFit, 1.0);
 }
 
-void CViewZoom::ZoomToFit() { m_view.SetZoom(FitZoom()); }
+void CViewZoom::ZoomToFit()
+{
+    m_view.SetZoom(FitZoom());
+    m_Fitted = m_view.dbZoom();
+}
 
 ExactPoint CViewZoom::ViewCentre()
 {

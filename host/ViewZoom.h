@@ -24,6 +24,9 @@ public:
     double FitZoom(bool bEnlarge = false);
     void ZoomToFit();
 
+    /// Whether the zoom is still the one that ZoomToFit chose: a parent window that is resized fits again then.
+    bool IsFitted() const { return m_Fitted && *m_Fitted == m_view.dbZoom(); }
+
     /// The middle of the view area.
     ExactPoint ViewCentre();
 
@@ -43,4 +46,5 @@ private:
 
     Pixtane::CPixtane& m_view;
     std::optional<Anchor> m_Last;
+    std::optional<double> m_Fitted;
 };

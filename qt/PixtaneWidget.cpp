@@ -7,6 +7,7 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QNativeGestureEvent>
+#include <QPainter>
 #include <QUrl>
 #include <QWheelEvent>
 
@@ -72,7 +73,7 @@ bool CPixtaneWidget::event(QEvent* pEvent)
     const auto& gesture = static_cast<const QNativeGestureEvent&>(*pEvent);
     if (gesture.gestureType() != Qt::ZoomNativeGesture)
         return QWidget::event(pEvent);
-    const QPoint ptPixel = m_pWindow->PixelAt(gesture.position());
+    const QPoint ptPixel = m_pWindow->PixelAt(m_pWindow->mapFrom(this, gesture.position()));
     m_pHost->ZoomByGesture(View().dbZoom() * (1 + gesture.value()), ExactPoint::MiddleOf(ptPixel.x(), ptPixel.y()));
     return true;
 }
@@ -81,21 +82,32 @@ bool CPixtaneWidget::eventFilter(QObject* pWatched, QEvent* pEvent)
 {
     if (pWatched == m_pWindow && pEvent->type() == QEvent::Leave)
         m_pHost->PointerLeft();
-    return QWidget::eventFilter(pWatched, pEvent);
+    if (pWatched == m_pWindow && (pEvent->type() == QEvent::FocusIn || pEvent->type() == QEvent::FocusOut))
+        update();
+    return (pWatched == m_pWindow && ScrollByInput(*pEvent)) || QWidget::eventFilter(pWatched, pEvent);
 }
 
-void CPixtaneWidget::resizeEvent(QResizeEvent*) { m_pWindow->resize(size()); }
+void CPixtaneWidget::resizeEvent(QResizeEvent*) { PlaceWindow(); }
+
+void CPixtaneWidget::PlaceWindow()
+{
+    m_pWindow->setGeometry(rect().marginsRemoved({m_cxFrame, m_cxFrame, m_cxFrame, m_cxFrame}));
+}
+
+void CPixtaneWidget::SetFocusFrame(int cxFrame)
+{
+    m_cxFrame = cxFrame;
+    PlaceWindow();
+}
+
+void CPixtaneWidget::paintEvent(QPaintEvent*)
+{
+    QPainter(this).fillRect(rect(), palette().color(m_pWindow->hasFocus() ? QPalette::Highlight : QPalette::Window));
+}
 
 void CPixtaneWidget::wheelEvent(QWheelEvent* pEvent)
 {
-    // Without pixels, one notch moves the picture by a tenth of the view, as a vertical one does.
-    CRect rcView;
-    View().GetClientRect(&rcView);
-    const bool bPixels = pEvent->pixelDelta().x() != 0;
-    const double dDistance = bPixels ? pEvent->pixelDelta().x() * devicePixelRatioF()
-                                     : pEvent->angleDelta().x() * rcView.Width() / 10.0 / WHEEL_DELTA;
-    if (dDistance != 0)
-        m_pHost->ScrollByGesture(-qRound(dDistance), 0);
+    ScrollSideways(pEvent->pixelDelta().x(), pEvent->angleDelta().x());
 }
 
 void CPixtaneWidget::dragEnterEvent(QDragEnterEvent* pEvent)

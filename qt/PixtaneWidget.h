@@ -4,6 +4,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <QPoint>
 #include <QWidget>
 
 class CViewHost;
@@ -43,6 +45,9 @@ public:
     /// uses. At first it does so for none.
     void SetToolKeys(std::function<bool(UINT uKey)> uses);
 
+    /// Leaves a frame of that many pixels of Qt around the view, which shows whether it has the focus. None at first.
+    void SetFocusFrame(int cxFrame);
+
 signals:
     /// Any notification of the view, by its code (view/Notifications.h).
     void Notified(unsigned int uCode);
@@ -63,6 +68,7 @@ protected:
     bool event(QEvent* pEvent) override;
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
     void resizeEvent(QResizeEvent* pEvent) override;
+    void paintEvent(QPaintEvent* pEvent) override;
 
     /// Gets what the view does not take: horizontal turns, which move the picture.
     void wheelEvent(QWheelEvent* pEvent) override;
@@ -71,8 +77,19 @@ protected:
 
 private:
     LRESULT OnNotified(UINT uCode, CPoint ptWindow);
+    void PlaceWindow();
+
+    /// Shift and the wheel, the middle button and the keys of pages scroll; FALSE for other input.
+    bool ScrollByInput(QEvent& event);
+    bool TurnSideways(QWheelEvent& wheel);
+    void ScrollSideways(int iPixels, int iAngle);
+    bool ScrollByKey(const QKeyEvent& key);
+    bool Pan(const QMouseEvent& mouse);
+    void EndPan();
 
     std::unique_ptr<CViewHost> m_pHost;
     std::shared_ptr<const void> m_pSubscription;
     winlite::QtWindow* m_pWindow;
+    int m_cxFrame = 0;
+    std::optional<QPoint> m_ptPanned; ///< The pixel that the middle button has drawn the picture to so far.
 };

@@ -6,6 +6,7 @@
 #include "program/Session.h"
 #include "program/Tour.h"
 #include "qt/PixtaneQt.h"
+#include "qtdesktop/LivePointer.h"
 #include "window/MainWindow.h"
 
 #include <algorithm>
@@ -30,32 +31,44 @@ std::optional<CPhoto> OpenPhoto(const QStringList& vPaths, std::string& strError
     return vPaths.isEmpty() ? RenderSamplePicture() : CPhoto::Load(vPaths.front().toStdString(), strError);
 }
 
-int ShowWindow(const QString& strPhoto)
+int ShowWindow(const QStringList& vPhotos)
 {
     CMainWindow window;
     window.show();
-    window.OpenFile(strPhoto);
+    window.OpenFirst(vPhotos);
     return QApplication::exec();
 }
 
-int RecordWindow(const QString& strPhoto, const std::string& strJournal)
+int RecordWindow(const QStringList& vPhotos, const std::string& strJournal)
 {
     winlite::JournalWriter journal(strJournal);
     CMainWindow window;
     window.show();
-    window.OpenFile(strPhoto);
+    window.OpenFirst(vPhotos);
     const int iResult = QApplication::exec();
     journal.WriteEnd(DescribePicture(window.TakePicture()));
     return journal.IsGood() ? iResult : Fail(strJournal + ": could not be written to its end");
 }
 
+/// On a Wayland desktop the pointer cannot be asked for, which brushes and drags at the edge do.
+void PreferX11()
+{
+    if (!qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        return;
+    if (qEnvironmentVariableIsSet("DISPLAY") && winlite::X11Answers())
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    else
+        std::cerr << "retouch: XWayland does not answer; on Wayland itself drawing at the edge of the window does not "
+                     "scroll\n";
+}
+
 int RunWindow(int argc, char** argv, const QCommandLineParser& options)
 {
+    PreferX11();
     QApplication application(argc, argv);
     const CPixtaneQt library;
-    const QString strPhoto = options.positionalArguments().value(0);
-    return options.isSet("record") ? RecordWindow(strPhoto, options.value("record").toStdString())
-                                   : ShowWindow(strPhoto);
+    const QStringList vPhotos = options.positionalArguments();
+    return options.isSet("record") ? RecordWindow(vPhotos, options.value("record").toStdString()) : ShowWindow(vPhotos);
 }
 
 int PlayTour(CPhoto photo, const std::string& strFolder)
@@ -128,7 +141,8 @@ void Parse(QCommandLineParser& parser, const QStringList& vArguments)
                       "blanks and semicolons together.",
                       "commands"});
     parser.addOption({"commands", "Lists the commands with their arguments."});
-    parser.addPositionalArgument("photo", "A JPEG or PNG file; the bundled sample picture without it.", "[photo]");
+    parser.addPositionalArgument("photo", "A JPEG, PNG or TIFF file; the bundled sample picture without it.",
+                                 "[photo]");
     if (!parser.parse(vArguments))
         std::exit(Fail(parser.errorText().toStdString()));
     int nModes = 0;
@@ -164,6 +178,7 @@ try
 {
     QCoreApplication::setOrganizationName("pixtane");
     QCoreApplication::setApplicationName("retouch");
+    QCoreApplication::setApplicationVersion(RETOUCH_VERSION);
     return Run(argc, argv);
 }
 catch (const std::runtime_error& error)

@@ -6,6 +6,8 @@
 #include "program/CommandText.h"
 #include "program/Retoucher.h"
 
+#include <iostream>
+
 namespace
 {
 
@@ -66,6 +68,10 @@ bool DoCommands(const std::string& strCommands, const std::string& strPhoto, std
     std::optional<CPhoto> photo = strPhoto.empty() ? RenderSamplePicture() : CPhoto::Load(strPhoto, strError);
     if (!photo)
         return false;
+    if (photo->Origin().bCutOff)
+        std::cerr << strPhoto << ": "
+                  << Message(QT_TRANSLATE_NOOP("Program", "ends before its picture does, which is taken as it is"))
+                  << "\n";
     winlite::HeadlessDesktop desktop;
     CWinApp app;
     if (!AfxWinInit(nullptr, nullptr, nullptr, SW_SHOW))

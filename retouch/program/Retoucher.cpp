@@ -68,6 +68,7 @@ LRESULT CRetoucher::OnNotified(UINT uCode)
     // A polygon clears the selection before it takes the mouse: what follows tells what it was.
     if (uCode != Pixtane::PVN_SELECTION_CLEARED)
         CommitSelection();
+    FollowTool();
     return 0;
 }
 
@@ -98,14 +99,24 @@ void CRetoucher::OnKey(UINT uKey, bool bDown)
     if (pSession && !bDown)
         pSession->OnKeyUp(uKey);
     // While a shape is being drawn the space bar moves it, and is the tool's.
-    if (pSession || !bDown || uKey != VK_SPACE || m_tools.IsGesture() || m_tools.IsHand())
-        return;
-    std::string strError; // It always begins.
-    m_tools.BeginSession(MakeHeldHand(m_parts), strError);
+    if (!pSession && bDown && uKey == VK_SPACE && !m_tools.IsGesture() && !m_tools.IsHand())
+    {
+        std::string strError; // It always begins.
+        m_tools.BeginSession(MakeHeldHand(m_parts), strError);
+    }
+    FollowTool();
+}
+
+void CRetoucher::FollowTool()
+{
+    const std::pair<const Tool*, const CToolSession*> now = {&m_tools.Current(), m_tools.Session()};
+    if (!m_tools.IsGesture() && std::exchange(m_cursorOf, now) != now)
+        m_host.ShowCursor();
 }
 
 void CRetoucher::Tell(const std::string& strError)
 {
+    FollowTool();
     if (m_Listener)
         m_Listener(strError);
 }

@@ -77,6 +77,9 @@ private:
     void CommitStroke(const char* pszStep);
     void Tell(const std::string& strError = {});
 
+    /// Shows the cursor of the tool that came into the view.
+    void FollowTool();
+
     CViewHost& m_host;
     Listener m_Listener;
     CDocument m_document;
@@ -84,6 +87,7 @@ private:
     CSelection m_selection{m_host.View(), m_document, m_presenter};
     CToolBox m_tools{m_host.View()};
     ProgramParts m_parts{m_host, m_host.View(), m_document, m_presenter, m_selection, m_tools};
+    std::pair<const Tool*, const CToolSession*> m_cursorOf = {nullptr, nullptr}; ///< The tool that shows its cursor.
     std::string m_strPending; ///< What the selection's change that is under way will be called; empty for none.
     CCommandRunner m_runner;
     std::vector<CViewHost::Subscription> m_vSubscriptions;

@@ -8,7 +8,7 @@ namespace
 
 constexpr int LEAST_PIXELS = 2; // of the screen
 
-bool IsSmall(CSize sz, double dbZoom) { return std::max(sz.cx, sz.cy) * dbZoom < LEAST_PIXELS; }
+bool IsSmall(SIZE sz, double dbZoom) { return std::max(sz.cx, sz.cy) * dbZoom < LEAST_PIXELS; }
 
 } // namespace
 
@@ -17,9 +17,10 @@ bool CShapeTool::IsClick(CPoint ptWindow) const
     const double dbZoom = pView->dbZoom();
     if (eSelectMode == SM_RECTANGLE || eSelectMode == SM_ELLIPSE)
     {
-        const CSize szShape(std::abs(ptEnd.x - ptStart.x) + 1, std::abs(ptEnd.y - ptStart.y) + 1);
+        const CSize szApart(std::abs(ptEnd.x - ptStart.x), std::abs(ptEnd.y - ptStart.y));
         const CSize szMove(std::abs(ptWindow.x - ptDown.x), std::abs(ptWindow.y - ptDown.y));
-        return IsSmall(szShape, dbZoom) || IsSmall(szMove, 1);
+        // The pointer may be back where it was although the view has scrolled.
+        return IsSmall({szApart.cx + 1, szApart.cy + 1}, dbZoom) || (IsSmall(szMove, 1) && IsSmall(szApart, dbZoom));
     }
     if (eSelectMode != SM_LASSO || arrPoints.IsEmpty() || ::GetKeyState(VK_MENU) < 0)
         return false;

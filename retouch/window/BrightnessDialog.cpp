@@ -1,10 +1,11 @@
 #include "window/BrightnessDialog.h"
 
+#include "window/NumberBox.h"
+
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QSlider>
-#include <QSpinBox>
 #include <utility>
 
 CBrightnessDialog::CBrightnessDialog(QWidget* pParent, ExecuteCommand execute)
@@ -23,7 +24,7 @@ CBrightnessDialog::CBrightnessDialog(QWidget* pParent, ExecuteCommand execute)
 QSlider* CBrightnessDialog::AddSlider(const QString& strLabel)
 {
     auto* pSlider = new QSlider(Qt::Horizontal, this);
-    auto* pNumber = new QSpinBox(this);
+    auto* pNumber = new CNumberBox(this);
     pSlider->setRange(-100, 100);
     pSlider->setMinimumWidth(240);
     pNumber->setRange(-100, 100);

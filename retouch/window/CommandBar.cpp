@@ -17,8 +17,18 @@ CChoiceGroup::CChoiceGroup(QToolBar& bar, const std::string& strCommand, const s
         pAction->setShortcut(QKeySequence(choice.pszKey));
         pAction->setToolTip(QString("%1 (%2)").arg(strText, pAction->shortcut().toString(QKeySequence::NativeText)));
         addAction(pAction);
+        bar.widgetForAction(pAction)->setFocusPolicy(Qt::TabFocus);
         const std::string strWhole = strCommand + " " + choice.pszWord;
         connect(pAction, &QAction::triggered, this, [execute, strWhole] { execute(strWhole); });
+    }
+}
+
+void CChoiceGroup::Enable(const std::string& strWord, bool bEnabled)
+{
+    for (QAction* pAction : actions())
+    {
+        if (pAction->objectName().toStdString() == strWord)
+            pAction->setEnabled(bEnabled);
     }
 }
 

@@ -21,4 +21,7 @@ public:
 
     /// Shows a choice as the one that is down, without executing anything.
     void Show(const std::string& strWord);
+
+    /// Whether a choice can be made.
+    void Enable(const std::string& strWord, bool bEnabled);
 };

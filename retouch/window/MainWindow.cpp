@@ -6,13 +6,13 @@
 #include "window/Label.h"
 #include "window/PhotoFiles.h"
 #include "window/RecentFiles.h"
+#include "window/StatusTexts.h"
 
 #include <algorithm>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QScreen>
@@ -22,6 +22,8 @@
 namespace
 {
 
+const char* const PLACE = "windowPlace";
+constexpr int FOCUS_FRAME = 2;
 constexpr DWORD BACKGROUND = RGB(58, 60, 64);
 
 /// The names that tools keep settings under, each once.
@@ -46,6 +48,7 @@ CMainWindow::CMainWindow()
     m_pFiles = new CPhotoFiles(*this, m_retoucher, [this](const std::string& strCommand) { Execute(strCommand); });
     m_pFiles->setParent(this);
     m_pView->View().SetBackgroundColor(BACKGROUND);
+    m_pView->SetFocusFrame(FOCUS_FRAME);
     m_pView->setAccessibleName(tr("Photo"));
     m_pView->SetToolKeys([this](UINT uKey) { return UsesKey(uKey); });
     MakeMenus();
@@ -62,15 +65,15 @@ CMainWindow::CMainWindow()
     connect(m_pView, &CPixtaneWidget::DisplayChanged, this, &CMainWindow::UpdateZoomLabel);
     connect(m_pView, &CPixtaneWidget::DisplayChanged, this, &CMainWindow::UpdatePointerLabels);
     connect(m_pView, &CPixtaneWidget::MouseMoved, this, &CMainWindow::FollowPointer);
-    connect(m_pView, &CPixtaneWidget::FilesDropped, this,
-            [this](const QStringList& vPaths) { OpenFile(vPaths.value(0)); });
+    connect(m_pView, &CPixtaneWidget::FilesDropped, this, [this](const QStringList& vPaths) { OpenFirst(vPaths); });
     qApp->installEventFilter(this);
-    resize(QSize(1100, 780).boundedTo(screen()->availableSize()));
+    RestorePlace();
 }
 
 CMainWindow::~CMainWindow()
 {
     m_retoucher.SetListener({});
+    QSettings().setValue(PLACE, saveGeometry());
     KeepSettings();
 }
 
@@ -79,6 +82,14 @@ void CMainWindow::Execute(const std::string& strCommand)
     std::string strError;
     if (!m_retoucher.Execute(strCommand, strError))
         QMessageBox::warning(this, tr("That is not possible"), QString::fromStdString(strError));
+}
+
+void CMainWindow::RestorePlace()
+{
+    constexpr QSize FRAME(16, 56); // Not known before the window is shown.
+    constexpr QSize COMFORTABLE(1100, 780);
+    if (!restoreGeometry(QSettings().value(PLACE).toByteArray()))
+        resize(COMFORTABLE.boundedTo(screen()->availableSize() - FRAME));
 }
 
 void CMainWindow::RestoreSettings()
@@ -119,6 +130,8 @@ void CMainWindow::FillRecentMenu()
 
 void CMainWindow::OpenFile(const QString& strPath) { m_pFiles->Open(strPath); }
 
+void CMainWindow::OpenFirst(const QStringList& vPaths) { m_pFiles->OpenFirst(vPaths); }
+
 void CMainWindow::closeEvent(QCloseEvent* pEvent)
 {
     if (m_bMayClose || !m_retoucher.State().bUnsaved)
@@ -137,6 +150,7 @@ void CMainWindow::ShowOpened(const ProgramState& state)
     const QString strPath = QString::fromStdString(state.strPath);
     if (!strPath.isEmpty())
         RememberRecent(strPath);
+    m_pFiles->WarnOfCutOff();
     m_bFitWhenShown = !isVisible();
     statusBar()->clearMessage();
 }
@@ -185,13 +199,27 @@ bool CMainWindow::eventFilter(QObject* pWatched, QEvent* pEvent)
     if (pKey->key() != Qt::Key_B || pKey->modifiers() != Qt::NoModifier)
         return QMainWindow::eventFilter(pWatched, pEvent);
     if (!pKey->isAutoRepeat())
-        Execute(pEvent->type() == QEvent::KeyPress ? "show-original" : "show-result");
+        ShowOriginal(pEvent->type() == QEvent::KeyPress);
     return true;
+}
+
+void CMainWindow::ShowOriginal(bool bShow)
+{
+    if (std::exchange(m_bOriginal, bShow) != bShow)
+        Execute(bShow ? "show-original" : "show-result");
+}
+
+void CMainWindow::changeEvent(QEvent* pEvent)
+{
+    // The release of B will go to another window.
+    if (pEvent->type() == QEvent::ActivationChange && !isActiveWindow())
+        ShowOriginal(false);
+    QMainWindow::changeEvent(pEvent);
 }
 
 void CMainWindow::UpdateZoomLabel()
 {
-    m_pZoomLabel->setText(tr("%L1 %").arg(m_pView->View().GetZoom() * 100, 0, 'f', 1));
+    m_pTexts->SetText(TEXT_ZOOM, tr("%L1 %").arg(m_pView->View().GetZoom() * 100, 0, 'f', 1));
 }
 
 void CMainWindow::FollowPointer(QPoint ptWindow)
@@ -208,11 +236,11 @@ void CMainWindow::UpdatePointerLabels()
     const bool bInside = pPhoto && pt.x >= 0 && pt.x < pPhoto->Width() && pt.y >= 0 && pt.y < pPhoto->Height();
     if (!bInside)
     {
-        m_pPositionLabel->clear();
-        m_pColourLabel->clear();
+        m_pTexts->SetText(TEXT_POSITION, {});
+        m_pTexts->SetText(TEXT_COLOUR, {});
         return;
     }
     const BYTE* pPixel = pPhoto->Row(pt.y) + 4 * pt.x;
-    m_pPositionLabel->setText(tr("%L1, %L2").arg(pt.x).arg(pt.y));
-    m_pColourLabel->setText(tr("R %1  G %2  B %3").arg(pPixel[2]).arg(pPixel[1]).arg(pPixel[0]));
+    m_pTexts->SetText(TEXT_POSITION, tr("%L1, %L2").arg(pt.x).arg(pt.y));
+    m_pTexts->SetText(TEXT_COLOUR, tr("R %1  G %2  B %3").arg(pPixel[2]).arg(pPixel[1]).arg(pPixel[0]));
 }

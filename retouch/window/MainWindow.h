@@ -11,6 +11,7 @@ class CHeldInput;
 class CPhotoFiles;
 class COptionsBar;
 class CPixtaneWidget;
+class CStatusTexts;
 class CTransformBar;
 class CWorkBar;
 class QLabel;
@@ -32,11 +33,15 @@ public:
     /// sample picture. Asks first when changes would be lost.
     void OpenFile(const QString& strPath);
 
+    /// Opens the first of several photos and tells of the others; the sample picture for none.
+    void OpenFirst(const QStringList& vPaths);
+
 protected:
     /// B shows the original while it is held, wherever the focus is in this window, and Esc drops a stroke.
     bool eventFilter(QObject* pWatched, QEvent* pEvent) override;
     void showEvent(QShowEvent* pEvent) override;
     void closeEvent(QCloseEvent* pEvent) override;
+    void changeEvent(QEvent* pEvent) override;
 
 private:
     void MakeMenus();
@@ -45,10 +50,13 @@ private:
     void MakeImageMenu();
     void MakeSelectMenu();
     void MakeViewMenu();
+    void MakeHelpMenu();
     void MakePalette();
     void MakeOptionsBar();
     void MakeTransformBar();
     void MakeStatusBar();
+    void ShowOriginal(bool bShow);
+    void RestorePlace();
     void RestoreSettings();
     void KeepSettings();
     void FillRecentMenu();
@@ -72,9 +80,16 @@ private:
 
     CPixtaneWidget* m_pView;
     QMenu* m_pRecentMenu = nullptr;
-    QLabel* m_pZoomLabel = nullptr;
-    QLabel* m_pPositionLabel = nullptr;
-    QLabel* m_pColourLabel = nullptr;
+    /// The numbers in the status bar, those worth least first.
+    enum StatusText : int
+    {
+        TEXT_COLOUR,
+        TEXT_SELECTION,
+        TEXT_POSITION,
+        TEXT_ZOOM,
+        TEXT_COUNT
+    };
+    CStatusTexts* m_pTexts = nullptr;
     QPoint m_ptPointer{-1, -1}; ///< Window coordinates of the view.
     CRetoucher m_retoucher;
     CPhotoFiles* m_pFiles = nullptr;
@@ -82,8 +97,10 @@ private:
     std::unique_ptr<CHeldInput> m_pHeldInput;
     unsigned m_uPhotos = 0; ///< Photos that have been shown, as far as the window knows.
     bool m_bFitWhenShown = false;
+    bool m_bOriginal = false; ///< B is held.
     QAction* m_pUndo = nullptr;
     QAction* m_pRedo = nullptr;
+    QList<QAction*> m_vOnSelection; ///< What there is nothing to do for without a selection.
     QAction* m_pHideOutline = nullptr;
     QAction* m_pStillOutline = nullptr;
     QAction* m_pTint = nullptr;
@@ -92,6 +109,5 @@ private:
     CTransformBar* m_pTransform = nullptr; ///< In the options' place while the selection is being transformed.
     QAction* m_pCancel = nullptr;          ///< Stops the work in the background.
     CWorkBar* m_pWork = nullptr;
-    QLabel* m_pSelectionLabel = nullptr;
     QLabel* m_pHintLabel = nullptr;
 };

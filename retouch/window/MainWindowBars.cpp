@@ -1,10 +1,12 @@
 #include "program/Limits.h"
 #include "qt/PixtaneWidget.h"
 #include "window/BrightnessDialog.h"
+#include "window/HelpPages.h"
 #include "window/Label.h"
 #include "window/MainWindow.h"
 #include "window/OptionsBar.h"
 #include "window/PhotoFiles.h"
+#include "window/StatusTexts.h"
 #include "window/TransformBar.h"
 #include "window/WorkBar.h"
 
@@ -22,6 +24,7 @@ void CMainWindow::MakeMenus()
     MakeImageMenu();
     MakeSelectMenu();
     MakeViewMenu();
+    MakeHelpMenu();
 }
 
 void CMainWindow::MakeFileMenu()
@@ -59,20 +62,23 @@ void CMainWindow::MakeSelectMenu()
 {
     QMenu* pMenu = menuBar()->addMenu(tr("&Select"));
     AddCommand(*pMenu, tr("&All"), {QKeySequence(tr("Ctrl+A"))}, "select-all");
-    AddCommand(*pMenu, tr("&None"), {QKeySequence(tr("Ctrl+D"))}, "select-none");
+    m_vOnSelection += AddCommand(*pMenu, tr("&None"), {QKeySequence(tr("Ctrl+D"))}, "select-none");
     AddCommand(*pMenu, tr("&Reselect"), {QKeySequence(tr("Ctrl+Shift+D"))}, "reselect");
     AddCommand(*pMenu, tr("&Inverse"), {QKeySequence(tr("Ctrl+Shift+I"))}, "invert");
     AddCommand(*pMenu, tr("&Colour Range"), {QKeySequence(tr("Ctrl+Alt+C"))}, "pick-colour");
     pMenu->addSeparator();
-    pMenu->addAction(tr("&Grow..."), this, [this] { AskPixels(tr("Grow the selection by pixels:"), "grow"); });
-    pMenu->addAction(tr("&Shrink..."), this, [this] { AskPixels(tr("Shrink the selection by pixels:"), "shrink"); });
-    pMenu->addAction(tr("&Feather..."), QKeySequence(tr("Shift+F6")), this,
-                     [this] { AskPixels(tr("Soften the selection's edge by pixels:"), "feather-selection"); });
-    pMenu->addAction(tr("&Transform"), this, [this] { Execute("tool transform"); });
+    m_vOnSelection +=
+        pMenu->addAction(tr("&Grow..."), this, [this] { AskPixels(tr("Grow the selection by pixels:"), "grow"); });
+    m_vOnSelection += pMenu->addAction(tr("&Shrink..."), this,
+                                       [this] { AskPixels(tr("Shrink the selection by pixels:"), "shrink"); });
+    m_vOnSelection +=
+        pMenu->addAction(tr("&Feather..."), QKeySequence(tr("Shift+F6")), this,
+                         [this] { AskPixels(tr("Soften the selection's edge by pixels:"), "feather-selection"); });
+    m_vOnSelection += pMenu->addAction(tr("&Transform"), this, [this] { Execute("tool transform"); });
     pMenu->addSeparator();
     m_pHideOutline = AddSwitch(*pMenu, tr("&Hide Outline"), QKeySequence(tr("Ctrl+H")), "hide-outline", "show-outline");
-    m_pStillOutline = AddSwitch(*pMenu, tr("Outline &Stands Still"), {}, "still-outline", "crawling-outline");
-    m_pTint = AddSwitch(*pMenu, tr("&Tint What Is Not Selected"), QKeySequence(tr("Ctrl+T")), "tint", "no-tint");
+    m_pStillOutline = AddSwitch(*pMenu, tr("Out&line Stands Still"), {}, "still-outline", "crawling-outline");
+    m_pTint = AddSwitch(*pMenu, tr("Tint &What Is Not Selected"), QKeySequence(tr("Ctrl+T")), "tint", "no-tint");
 }
 
 void CMainWindow::MakeViewMenu()
@@ -84,6 +90,13 @@ void CMainWindow::MakeViewMenu()
     AddCommand(*pMenu, tr("O&ne to One"), {QKeySequence(tr("Ctrl+1"))}, "one-to-one");
     pMenu->addSeparator();
     pMenu->addAction(tr("Hold B to see the original, Space for the hand"))->setEnabled(false);
+}
+
+void CMainWindow::MakeHelpMenu()
+{
+    QMenu* pMenu = menuBar()->addMenu(tr("&Help"));
+    pMenu->addAction(tr("&Shortcuts"), QKeySequence(Qt::Key_F1), this, [this] { ShowShortcuts(*this, *menuBar()); });
+    pMenu->addAction(tr("&About retouch"), this, [this] { ShowAbout(*this); });
 }
 
 QAction* CMainWindow::AddCommand(QMenu& menu, const QString& strText, const QList<QKeySequence>& vKeys,
@@ -154,16 +167,14 @@ void CMainWindow::MakeTransformBar()
 
 void CMainWindow::MakeStatusBar()
 {
-    m_pPositionLabel = new QLabel(this);
-    m_pColourLabel = new QLabel(this);
-    m_pSelectionLabel = new QLabel(this);
-    m_pZoomLabel = new QLabel(this);
+    m_pTexts = new CStatusTexts(this, TEXT_COUNT);
     m_pHintLabel = new QLabel(this);
+    // It gives way to the numbers, and does not keep the window wide.
+    m_pHintLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(m_pHintLabel, 1);
     m_pWork = new CWorkBar(this, [this] { return m_retoucher.State(); });
     statusBar()->addPermanentWidget(m_pWork);
-    for (QLabel* pLabel : {m_pSelectionLabel, m_pPositionLabel, m_pColourLabel, m_pZoomLabel})
-        statusBar()->addPermanentWidget(pLabel);
+    statusBar()->addPermanentWidget(m_pTexts);
     m_pCancel = new QAction(tr("Cancel"), this);
     m_pCancel->setShortcut(Qt::Key_Escape);
     m_pCancel->setEnabled(false);
@@ -198,16 +209,20 @@ void CMainWindow::Refresh()
     m_pTools->Show(state.strTool);
     m_pOptions->Show(state);
     m_pHintLabel->setText(QCoreApplication::translate("Tool", state.strHint.c_str()));
+    m_pHintLabel->setToolTip(m_pHintLabel->text());
     m_pTransform->SetUsable(state.frame.has_value());
     if (state.frame)
         m_pTransform->Show(*state.frame, state.szPhoto);
     m_pCancel->setEnabled(state.work.has_value());
     m_pWork->Show(state);
     const CRect rcBox = state.frame.value_or(state.rcSelection);
-    m_pSelectionLabel->setText(rcBox.IsRectEmpty() ? QString()
-                                                   : tr("Selection %L1 \u00D7 %L2 at %L3, %L4")
-                                                         .arg(rcBox.Width())
-                                                         .arg(rcBox.Height())
-                                                         .arg(rcBox.left)
-                                                         .arg(rcBox.top));
+    m_pTexts->SetText(TEXT_SELECTION, rcBox.IsRectEmpty() ? QString()
+                                                          : tr("Selection %L1 \u00D7 %L2 at %L3, %L4")
+                                                                .arg(rcBox.Width())
+                                                                .arg(rcBox.Height())
+                                                                .arg(rcBox.left)
+                                                                .arg(rcBox.top));
+    for (QAction* const pAction : m_vOnSelection)
+        pAction->setEnabled(!rcBox.IsRectEmpty());
+    m_pTools->Enable("transform", !rcBox.IsRectEmpty());
 }

@@ -1,12 +1,12 @@
 #include "window/OptionsBar.h"
 
+#include "window/NumberBox.h"
 #include "window/ToolIcons.h"
 
 #include <algorithm>
 #include <QCoreApplication>
 #include <QLabel>
 #include <QScopedValueRollback>
-#include <QSpinBox>
 
 namespace
 {
@@ -45,7 +45,7 @@ void COptionsBar::AddChoices(const ToolOption& option)
 void COptionsBar::AddNumber(const ToolOption& option)
 {
     auto* const pLabel = new QLabel(Translated(option.pszLabel), this);
-    auto* const pNumber = new QSpinBox(this);
+    auto* const pNumber = new CNumberBox(this);
     pNumber->setRange(option.iLeast, option.iMost);
     pNumber->setSuffix(Translated(option.pszSuffix));
     pNumber->setToolTip(Translated(option.pszTip));
@@ -69,6 +69,7 @@ void COptionsBar::AddActions(const Tool& tool)
                                            [this, strWord = action.pszWord] { m_Execute(strWord); });
         pAction->setShortcut(QKeySequence(action.pszKey));
         pAction->setToolTip(QString("%1 (%2)").arg(pAction->text(), action.pszKey));
+        widgetForAction(pAction)->setFocusPolicy(Qt::TabFocus);
         m_vToolActions[pAction] = &tool;
     }
 }

@@ -49,6 +49,33 @@ void CPhotoFiles::Open(const QString& strPath)
     BeforeLosing([this, strCommand] { m_Execute(strCommand); });
 }
 
+void CPhotoFiles::OpenFirst(const QStringList& vPaths)
+{
+    Open(vPaths.value(0));
+    if (vPaths.size() < 2)
+        return;
+    QStringList vNames;
+    for (const QString& strPath : vPaths.mid(1))
+        vNames += QFileInfo(strPath).fileName();
+    ShowBox(QMessageBox::Information, tr("One photo at a time: %1 was opened.").arg(QFileInfo(vPaths[0]).fileName()),
+            tr("Not opened: %1").arg(vNames.join(", ")));
+}
+
+void CPhotoFiles::WarnOfCutOff()
+{
+    if (m_retoucher.Photo()->Origin().bCutOff)
+        ShowBox(QMessageBox::Warning, tr("The file ends before its picture does."),
+                tr("It is shown as far as it goes. Saving keeps what is shown in another file."));
+}
+
+void CPhotoFiles::ShowBox(QMessageBox::Icon icon, const QString& strText, const QString& strMore)
+{
+    auto* const pBox = new QMessageBox(icon, tr("retouch"), strText, QMessageBox::Ok, &m_window);
+    pBox->setInformativeText(strMore);
+    pBox->setAttribute(Qt::WA_DeleteOnClose);
+    pBox->open();
+}
+
 void CPhotoFiles::BeforeLosing(std::function<void()> next)
 {
     if (!m_retoucher.State().bUnsaved)

@@ -4,6 +4,7 @@
 #include "window/CommandBar.h"
 
 #include <QMainWindow>
+#include <QMessageBox>
 
 class CRetoucher;
 
@@ -22,6 +23,12 @@ public:
 
     /// Opens a photo file, or shows the sample picture for an empty path.
     void Open(const QString& strPath);
+
+    /// Opens the first of several photos, and tells of the others; the sample picture for none.
+    void OpenFirst(const QStringList& vPaths);
+
+    /// Tells of a photo whose file ends too early. Does not wait for the person.
+    void WarnOfCutOff();
 
     /// Writes over the photo's own file, or asks for another one where that would lose something. Calls next once
     /// nothing is unsaved.
@@ -43,6 +50,7 @@ private:
     QStringList LossesAs(PictureFormat format) const;
     QString FreeName() const;
     void Tell(const QString& strText);
+    void ShowBox(QMessageBox::Icon icon, const QString& strText, const QString& strMore);
 
     QMainWindow& m_window;
     CRetoucher& m_retoucher;

@@ -1,8 +1,9 @@
 #include "window/TransformBar.h"
 
+#include "window/NumberBox.h"
+
 #include <QLabel>
 #include <QScopedValueRollback>
-#include <QSpinBox>
 
 CTransformBar::CTransformBar(QWidget* pParent, ExecuteCommand execute)
     : QToolBar(tr("Transform"), pParent), m_Execute(std::move(execute))
@@ -12,7 +13,7 @@ CTransformBar::CTransformBar(QWidget* pParent, ExecuteCommand execute)
     for (std::size_t i = 0; i < m_vNumbers.size(); ++i)
     {
         auto* const pLabel = new QLabel(vLabels[i], this);
-        QSpinBox* const pNumber = m_vNumbers[i] = new QSpinBox(this);
+        QSpinBox* const pNumber = m_vNumbers[i] = new CNumberBox(this);
         pNumber->setSuffix(tr(" px"));
         pNumber->setKeyboardTracking(false);
         pLabel->setBuddy(pNumber);
@@ -28,6 +29,7 @@ CTransformBar::CTransformBar(QWidget* pParent, ExecuteCommand execute)
 void CTransformBar::AddEnd(const QString& strText, const std::string& strCommand, const QList<QKeySequence>& vKeys)
 {
     QAction* const pAction = addAction(strText);
+    widgetForAction(pAction)->setFocusPolicy(Qt::TabFocus);
     pAction->setShortcuts(vKeys);
     connect(pAction, &QAction::triggered, this,
             [this, strCommand]

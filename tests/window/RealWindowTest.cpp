@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
@@ -173,6 +175,54 @@ TEST_F(RealWindowTest, KeysShowTheOriginalScrollAndZoom)
     Xdo({"key", "ctrl+0"});
     ASSERT_TRUE(WaitFor([&] { return View().GetZoom() < 1; }));
     ExpectShown();
+}
+
+TEST_F(RealWindowTest, WheelButtonsAndKeysScrollAndFittingGoesOn)
+{
+    for (const QSize sz : {QSize(700, 500), QSize(900, 640)})
+    {
+        window.resize(sz);
+        ASSERT_TRUE(WaitFor([&] { return View().dbZoom() == Widget().Zoom().FitZoom(); }));
+    }
+    Widget().Zoom().ZoomAbout(8, Widget().Zoom().ViewCentre());
+    PointTo(300, 200);
+    const auto pos = [this] { return std::pair(View().ptDispPos().X, View().ptDispPos().Y); };
+    const auto [xFirst, yFirst] = pos();
+    Xdo({"keydown", "shift", "click", "5", "keyup", "shift"});
+    ASSERT_TRUE(WaitFor([&] { return pos().first > xFirst && pos().second == yFirst; }));
+    const auto [xTurned, yTurned] = pos();
+    const QPoint ptTo = OnScreen() + QPoint(250, 230);
+    Xdo({"mousedown", "2", "mousemove", QString::number(ptTo.x()), QString::number(ptTo.y()), "mouseup", "2"});
+    ASSERT_TRUE(WaitFor([&] { return pos() == std::pair(xTurned + 50, yTurned - 30); }));
+    Xdo({"key", "Home"});
+    ASSERT_TRUE(WaitFor([&] { return pos().second == 0; }));
+    Xdo({"key", "Next"});
+    ASSERT_TRUE(WaitFor([&] { return pos().second > 0; }));
+    ExpectShown();
+}
+
+TEST_F(RealWindowTest, MenusAreReachedByKeysAndOfferWhatIsPossible)
+{
+    for (const QAction* const pMenu : window.menuBar()->actions())
+    {
+        QString strLetters;
+        for (const QAction* const pAction : pMenu->menu()->actions())
+        {
+            const qsizetype iMark = QString(pAction->text()).replace("&&", "  ").indexOf('&');
+            if (iMark < 0)
+                continue;
+            const QChar letter = pAction->text()[iMark + 1].toLower();
+            EXPECT_FALSE(strLetters.contains(letter)) << pAction->text().toStdString();
+            strLetters += letter;
+        }
+    }
+    QAction* const pGrow = window.menuBar()->actions()[3]->menu()->actions()[6];
+    ASSERT_EQ(pGrow->text(), "&Grow...");
+    for (const auto& [pszKeys, bPossible] : {std::pair("ctrl+a", true), std::pair("ctrl+d", false)})
+    {
+        Xdo({"key", pszKeys});
+        ASSERT_TRUE(WaitFor([&, bWanted = bPossible] { return pGrow->isEnabled() == bWanted; })) << pszKeys;
+    }
 }
 
 TEST_F(RealWindowTest, DrawingAtTheEdgeScrollsForAsLongAsThePointerIsThere)

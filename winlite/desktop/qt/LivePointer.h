@@ -29,4 +29,7 @@ private:
     std::unique_ptr<Connection> m_pConnection;
 };
 
+/// Whether an X server answers, before there is any toolkit. FALSE where this was built without X11.
+bool X11Answers();
+
 } // namespace winlite

@@ -12,4 +12,6 @@ LivePointer::~LivePointer() = default;
 
 std::optional<LivePointer::State> LivePointer::Query() { return std::nullopt; }
 
+bool X11Answers() { return false; }
+
 } // namespace winlite

@@ -54,4 +54,12 @@ std::optional<LivePointer::State> LivePointer::Query()
     return State{{pReply->root_x, pReply->root_y}, (pReply->mask & XCB_KEY_BUT_MASK_BUTTON_1) != 0};
 }
 
+bool X11Answers()
+{
+    xcb_connection_t* const pConnection = xcb_connect(nullptr, nullptr);
+    const bool bAnswers = !xcb_connection_has_error(pConnection);
+    xcb_disconnect(pConnection);
+    return bAnswers;
+}
+
 } // namespace winlite
