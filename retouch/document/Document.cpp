@@ -67,6 +67,42 @@ bool CDocument::CommitArea(const BYTE* pPixels, const CRect& rc, const std::stri
     return Add(change, strStep);
 }
 
+CDocument::Shaped CDocument::ShapedTo(CPhoto photo)
+{
+    photo.SetOrigin(m_photo->Origin());
+    Shaped shaped = {std::move(photo), {}, {}};
+    shaped.now = CTiledSnapshot({shaped.photo.Pixels(), shaped.photo.ByteCount()}, shaped.photo.RowBytes(), {});
+    shaped.vBefore = m_history.Current().pixels.Missing(m_photo->Pixels());
+    return shaped;
+}
+
+CPhoto CDocument::Commit(Shaped shaped, const std::string& strStep)
+{
+    // From here on every state has all of its tiles: the photo holds those of one size alone.
+    m_original.Fill(shaped.vBefore);
+    m_history.FillPixels(shaped.vBefore);
+    CHistory::State state;
+    state.strName = strStep;
+    state.pixels = std::move(shaped.now);
+    m_history.Add(std::move(state));
+    m_bChanged = true;
+    return std::exchange(*m_photo, std::move(shaped.photo));
+}
+
+bool CDocument::HasOtherSize(const CHistory::State& state) const
+{
+    const CTiledSnapshot photo(m_photo->RowBytes(), static_cast<std::size_t>(m_photo->Height()));
+    return !photo.HasSizeOf(state.pixels);
+}
+
+CPhoto CDocument::RestorePhoto(const CHistory::State& state)
+{
+    CPhoto photo(static_cast<int>(state.pixels.Whole().nBytes / 4), static_cast<int>(state.pixels.Whole().nRows));
+    photo.SetOrigin(m_photo->Origin());
+    state.pixels.Restore({photo.Pixels(), photo.ByteCount()});
+    return std::exchange(*m_photo, std::move(photo));
+}
+
 bool CDocument::Restore(const CHistory::State& state, const CTiledSnapshot& shown)
 {
     if (state.pixels.IsSameAs(shown))

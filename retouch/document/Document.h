@@ -31,8 +31,14 @@ public:
     CHistory& History() { return m_history; }
     const CHistory& History() const { return m_history; }
 
-    /// The pixels as they were opened; NULL while nothing has changed them.
-    const CTiledSnapshot* Original() const { return m_bChanged ? &m_original : nullptr; }
+    /// The pixels as they were opened; NULL while nothing has changed them, and while the photo has another size.
+    const CTiledSnapshot* Original() const
+    {
+        return m_bChanged && m_original.HasSizeOf(m_history.Current().pixels) ? &m_original : nullptr;
+    }
+
+    /// The same, as far as anything has changed it, whatever size the photo has now.
+    const CTiledSnapshot& Opened() const { return m_original; }
 
     /// Starts with another photo. Returns the old one, whose pixels a view may still show.
     std::optional<CPhoto> Replace(CPhoto photo, std::string strPath);
@@ -52,6 +58,25 @@ public:
 
     /// Copies the pixels of an area from a buffer like the photo's, as a step; FALSE when they are no others.
     bool CommitArea(const BYTE* pPixels, const CRect& rc, const std::string& strStep);
+
+    /// Another photo that comes of this one (cropped, turned), with what the history keeps of both.
+    struct Shaped
+    {
+        CPhoto photo;
+        CTiledSnapshot now;
+        std::vector<CTiledSnapshot::KeptTile> vBefore;
+    };
+
+    /// What the history keeps. Any thread, while nothing else changes the document.
+    Shaped ShapedTo(CPhoto photo);
+
+    /// Takes it over as a step without a selection. Returns the old photo, whose pixels a view may still show.
+    CPhoto Commit(Shaped shaped, const std::string& strStep);
+
+    /// Whether a state's photo has another size than the one there is; such a one is put back as a photo of its own,
+    /// and the old one comes back.
+    bool HasOtherSize(const CHistory::State& state) const;
+    CPhoto RestorePhoto(const CHistory::State& state);
 
     /// Puts a state's pixels back; FALSE when they are there.
     bool Restore(const CHistory::State& state, const CTiledSnapshot& shown);

@@ -55,6 +55,14 @@ bool CHistory::Add(State state)
     return true;
 }
 
+void CHistory::CompleteStep(CTiledSnapshot mask, std::vector<RECT> vSelected)
+{
+    m_vStates[m_iCurrent].mask = std::move(mask);
+    m_vStates[m_iCurrent].vSelected = std::move(vSelected);
+    if (m_iCurrent > 0)
+        m_vBytes[m_iCurrent] = BytesBeyond(Current(), m_vStates[m_iCurrent - 1]);
+}
+
 void CHistory::FillPixels(const std::vector<CTiledSnapshot::KeptTile>& vBefore)
 {
     for (State& state : m_vStates)

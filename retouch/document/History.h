@@ -25,6 +25,9 @@ public:
     /// Adds what came of a step, and forgets the steps that were undone; FALSE, and nothing, when nothing changed.
     bool Add(State state);
 
+    /// Gives the current state a selection, which it was added without.
+    void CompleteStep(CTiledSnapshot mask, std::vector<RECT> vSelected);
+
     /// Another number after every change of what is current, so that who remembers one knows whether there was any.
     unsigned Revision() const { return m_uRevision; }
 

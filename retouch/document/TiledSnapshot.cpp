@@ -43,7 +43,7 @@ CTiledSnapshot::CTiledSnapshot(std::size_t nRow, std::size_t nRows) : m_nRow(nRo
 CTiledSnapshot::CTiledSnapshot(std::span<const BYTE> vBytes, std::size_t nRow, const CTiledSnapshot& earlier)
     : CTiledSnapshot(nRow, nRow ? vBytes.size() / nRow : 0)
 {
-    const bool bSameSize = earlier.m_nRow == m_nRow && earlier.m_nRows == m_nRows;
+    const bool bSameSize = HasSizeOf(earlier);
     ForTiles(m_vTiles.size(),
              [&](std::size_t i)
              {
@@ -68,6 +68,19 @@ CTiledSnapshot::Change CTiledSnapshot::Changed(const BYTE* pBefore, const BYTE* 
              });
     std::erase_if(change.vBefore, [](const KeptTile& kept) { return !kept.pTile; });
     return change;
+}
+
+std::vector<CTiledSnapshot::KeptTile> CTiledSnapshot::Missing(const BYTE* pBytes) const
+{
+    std::vector<KeptTile> vMissing(m_vTiles.size());
+    ForTiles(vMissing.size(),
+             [&](std::size_t i)
+             {
+                 if (!m_vTiles[i])
+                     vMissing[i] = {i, Take(i, pBytes)};
+             });
+    std::erase_if(vMissing, [](const KeptTile& kept) { return !kept.pTile; });
+    return vMissing;
 }
 
 void CTiledSnapshot::Fill(const std::vector<KeptTile>& vTiles)

@@ -26,6 +26,7 @@ public:
         std::size_t iTop, iLeft, nRows, nBytes;
     };
     Area Whole() const { return {0, 0, m_nRows, m_nRow}; }
+    bool HasSizeOf(const CTiledSnapshot& other) const { return m_nRow == other.m_nRow && m_nRows == other.m_nRows; }
 
     /// What to keep of a picture whose bytes change in an area.
     struct Change;
@@ -33,8 +34,11 @@ public:
     /// The picture is pBefore and will be pAfter, buffers of whole pictures; this is what there is of it before.
     Change Changed(const BYTE* pBefore, const BYTE* pAfter, const Area& area) const;
 
-    /// Takes tiles that it does not have itself.
+    /// The tiles that it does not have, taken from the picture as it is.
     struct KeptTile;
+    std::vector<KeptTile> Missing(const BYTE* pBytes) const;
+
+    /// Takes tiles that it does not have itself.
     void Fill(const std::vector<KeptTile>& vTiles);
 
     /// Puts the bytes back that are others in the picture as it is shown; without that, all that there are.
