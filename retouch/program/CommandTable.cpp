@@ -6,6 +6,7 @@
 #include "program/ColourPick.h"
 #include "program/Limits.h"
 #include "program/LongWork.h"
+#include "program/Reshape.h"
 #include "program/Saving.h"
 #include "program/Selection.h"
 #include "program/StrokeCommand.h"
@@ -158,6 +159,17 @@ std::vector<Command> PhotoCommands()
              return true;
          }},
         {"end-preview", {}, Simply([](P& parts) { parts.presenter.EndPreview(); })},
+        {"crop",
+         {PLACE_X, PLACE_Y, WIDTH, HEIGHT},
+         Command::Prepare(
+             [](P& parts, const Values& v, std::string& strError) {
+                 return CropJob(parts, {CPoint(Number(v, 0), Number(v, 1)), CSize(Number(v, 2), Number(v, 3))},
+                                strError);
+             })},
+        {"crop-to-selection",
+         {},
+         Command::Prepare([](P& parts, const Values&, std::string& strError)
+                          { return CropToSelectionJob(parts, strError); })},
         {"revert", {}, AsJob([](P& parts, const Values&) { return RevertJob(parts); })},
         {"undo", {}, Simply([](P& parts) { GoTo(parts, &CHistory::Back); }), Middle::TakesBack},
         {"redo", {}, Simply([](P& parts) { GoTo(parts, &CHistory::Forth); })},

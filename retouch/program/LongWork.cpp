@@ -141,13 +141,13 @@ std::optional<Job> BrightnessContrastJob(ProgramParts& parts, BrightnessContrast
                     { return AdjustBrightnessContrast(pixels, WeightsOf(vMask, pixels.cx), settings, progress); });
 }
 
-std::optional<Job> RevertJob(ProgramParts& parts)
+std::optional<Job> RevertPixelsJob(ProgramParts& parts, const char* pszStep)
 {
     const CTiledSnapshot* const pOriginal = parts.document.Original();
     if (!pOriginal)
         return std::nullopt;
     return PixelJob(
-        parts, QT_TRANSLATE_NOOP("History", "Revert"),
+        parts, pszStep,
         [pOriginal](PixelView pixels, CProgress& progress)
         {
             // The buffer begins with the bottom row.

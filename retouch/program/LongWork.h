@@ -17,7 +17,8 @@ Job OpenSampleJob(ProgramParts& parts);
 
 std::optional<Job> AutoContrastJob(ProgramParts& parts);
 std::optional<Job> BrightnessContrastJob(ProgramParts& parts, BrightnessContrast settings);
-std::optional<Job> RevertJob(ProgramParts& parts);
+/// Puts the pixels back that were opened; the photo must have their size.
+std::optional<Job> RevertPixelsJob(ProgramParts& parts, const char* pszStep);
 
 std::optional<Job> GrowJob(ProgramParts& parts, int iPixels);
 std::optional<Job> ShrinkJob(ProgramParts& parts, int iPixels);

@@ -48,6 +48,21 @@ void CSelection::SelectMask(const std::vector<BYTE>& vMask, const std::string& s
     AddStep(strStep);
 }
 
+void CSelection::CompleteStep(const std::vector<BYTE>& vMask)
+{
+    CRgn rgn;
+    Pixtane::CPixtane::CreateRgnFromMask(rgn, vMask, m_view.iBmpWidth(), m_view.iBmpHeight());
+    m_view.UpdateSelection(rgn, vMask);
+    CTiledSnapshot mask;
+    std::vector<RECT> vSelected;
+    if (CRgn rgnNow; m_view.GetSelectRegion(rgnNow))
+    {
+        vSelected = RectsOf(rgnNow);
+        mask = CTiledSnapshot(vMask, static_cast<std::size_t>(m_document.Photo()->Width()), {});
+    }
+    m_document.History().CompleteStep(std::move(mask), std::move(vSelected));
+}
+
 void CSelection::Restore(const CHistory::State& state)
 {
     CRgn rgn;

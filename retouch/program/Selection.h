@@ -32,6 +32,9 @@ public:
     /// Adds the selection as it is now as a step; FALSE when it is as before.
     bool AddStep(const std::string& strStep);
 
+    /// The step that is current gets this selection, which its pixels came with.
+    void CompleteStep(const std::vector<BYTE>& vMask);
+
     /// Puts back what a state of the history says.
     void Restore(const CHistory::State& state);
 

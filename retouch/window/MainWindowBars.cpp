@@ -55,6 +55,7 @@ void CMainWindow::MakeImageMenu()
     AddCommand(*pMenu, tr("&Auto Contrast"), {QKeySequence(tr("Ctrl+Shift+L"))}, "auto-contrast");
     pMenu->addAction(tr("&Brightness and Contrast..."), QKeySequence(tr("Ctrl+B")), this,
                      [this] { CBrightnessDialog(this, [this](const std::string& str) { Execute(str); }).exec(); });
+    AddCommand(*pMenu, tr("&Crop to Selection"), {}, "crop-to-selection");
     AddCommand(*pMenu, tr("&Revert to Original"), {}, "revert");
 }
 

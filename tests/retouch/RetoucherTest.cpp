@@ -408,4 +408,36 @@ TEST(TiledSnapshotTest, SnapshotsShareWhatDidNotChange)
     EXPECT_TRUE(CTiledSnapshot(vBytes, 700, vSnapshots.back()).IsSameAs(vSnapshots.back()));
 }
 
+TEST_F(RetoucherTest, CroppingTakesTheSelectionAlongAndIsOneStep)
+{
+    retoucher.Photo()->Row(30)[4 * 50] = 7; // A pixel to be found again.
+    Do("tool rectangle");
+    Drag({40, 20}, {89, 59});
+    Do("tool dodge-burn");
+    Do("stroke 200,150");
+    const int iDodged = Pixel(200, 150);
+    EXPECT_NE(Refusal("crop 400 10 20 20"), "done");
+    Do("crop 30 10 100 80");
+    const auto size = [&]
+    { return std::to_string(retoucher.State().szPhoto.cx) + "x" + std::to_string(retoucher.State().szPhoto.cy); };
+    EXPECT_EQ(size() + " " + Box(), "100x80 10,10,60,50");
+    EXPECT_EQ(Pixel(20, 20), 7);
+    Do("crop-to-selection");
+    EXPECT_EQ(size() + " " + Box(), "50x40 0,0,50,40");
+    Do("undo");
+    Do("undo");
+    EXPECT_EQ(size() + " " + Box(), "300x200 40,20,90,60");
+    EXPECT_EQ(Pixel(50, 30), 7);
+    EXPECT_EQ(Pixel(200, 150), iDodged);
+    Do("redo");
+    EXPECT_EQ(size() + " " + Box(), "100x80 10,10,60,50");
+    Do("show-original"); // There is none of this size.
+    Do("show-result");
+    Do("revert");
+    EXPECT_EQ(size() + " " + Box(), "300x200 none");
+    EXPECT_EQ(Pixel(200, 150), 100);
+    Do("undo");
+    EXPECT_EQ(size() + " " + Box() + " " + retoucher.State().strUndo, "100x80 10,10,60,50 Crop");
+}
+
 } // namespace
