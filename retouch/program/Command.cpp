@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 namespace
 {
@@ -33,6 +34,17 @@ std::optional<Value> ReadNumber(const Argument& argument, const std::string& str
     if (error == std::errc() && pRead == pEnd && iNumber >= argument.iLeast && iNumber <= argument.iMost)
         return iNumber;
     strError = Message(QT_TRANSLATE_NOOP("Program", "\"%1\" is no number %2"), {strWord, Range(argument)});
+    return std::nullopt;
+}
+
+std::optional<Value> ReadDecimal(const std::string& strWord, std::string& strError)
+{
+    double dNumber = 0;
+    const char* const pEnd = strWord.data() + strWord.size();
+    const auto [pRead, error] = std::from_chars(strWord.data(), pEnd, dNumber);
+    if (error == std::errc() && pRead == pEnd && std::isfinite(dNumber))
+        return dNumber;
+    strError = Message(QT_TRANSLATE_NOOP("Program", "\"%1\" is no number like -1.5"), {strWord});
     return std::nullopt;
 }
 
@@ -88,6 +100,8 @@ std::optional<Value> TakeValue(const Argument& argument, std::string& strRest, s
         bRest ? std::exchange(strRest, std::string()) : TakeWord(strRest, strError);
     if (!strWord || argument.eKind == Argument::Kind::Path)
         return strWord;
+    if (argument.eKind == Argument::Kind::Decimal)
+        return ReadDecimal(*strWord, strError);
     return argument.eKind == Argument::Kind::Number ? ReadNumber(argument, *strWord, strError)
                                                     : ReadWord(argument, *strWord, strError);
 }

@@ -16,11 +16,12 @@ struct Argument
 {
     enum class Kind
     {
-        Number, ///< A whole number from iLeast to iMost.
-        Word,   ///< One of vWords.
-        Path,   ///< A file's name: quoted, or the rest of the line.
-        Points, ///< One or more "X,Y", the rest of the line.
-        Flag,   ///< pszName itself at the end of the line, or nothing: the number 1 or 0.
+        Number,  ///< A whole number from iLeast to iMost.
+        Decimal, ///< Any number, with a point.
+        Word,    ///< One of vWords.
+        Path,    ///< A file's name: quoted, or the rest of the line.
+        Points,  ///< One or more "X,Y", the rest of the line.
+        Flag,    ///< pszName itself at the end of the line, or nothing: the number 1 or 0.
     };
     static constexpr int ANY = std::numeric_limits<int>::max(); ///< No limit that the command knows beforehand.
 
@@ -32,7 +33,7 @@ struct Argument
 };
 
 using Points = std::vector<CPoint>;
-using Values = std::vector<std::variant<int, std::string, Points>>;
+using Values = std::vector<std::variant<int, double, std::string, Points>>;
 
 /// A row of the table of commands: what one is called, what it expects and does.
 struct Command

@@ -2,6 +2,7 @@
 
 #include "document/Message.h"
 #include "host/ViewHost.h"
+#include "pixels/Average.h"
 #include "program/Brushes.h"
 #include "program/ColourPick.h"
 #include "program/Limits.h"
@@ -76,6 +77,20 @@ void Preview(P& parts, BrightnessContrast settings)
             CProgress progress;
             AdjustBrightnessContrast(pixels, weights, settings, progress);
         });
+}
+
+bool SampleColour(P& parts, const Values& vValues, std::string& strError)
+{
+    const CPoint pt(Number(vValues, 0), Number(vValues, 1));
+    if (!CRect(0, 0, parts.view.iBmpWidth(), parts.view.iBmpHeight()).PtInRect(pt))
+    {
+        strError = Message(QT_TRANSLATE_NOOP("Program", "the photo has no pixel %1, %2"),
+                           {std::to_string(pt.x), std::to_string(pt.y)});
+        return false;
+    }
+    const auto vColour = AverageColour(parts.document.Photo()->View(), pt.x, pt.y, Number(vValues, 2));
+    parts.picked = RGB(vColour[2], vColour[1], vColour[0]);
+    return true;
 }
 
 bool PlaceTransform(P& parts, const Values& vValues, std::string& strError)
@@ -246,6 +261,7 @@ std::vector<Command> ToolCommands()
          {{"X,Y ...", Argument::Kind::Points}},
          [](P& parts, const Values& v, std::string& strError)
          { return PaintStroke(parts, std::get<Points>(v[0]), strError); }},
+        {"sample-colour", {PLACE_X, PLACE_Y, {"SIDE", Argument::Kind::Number, 1, 101}}, &SampleColour},
         {"drop", {}, Simply(&Drop), Middle::Keeps, DuringJob::Runs},
     };
 }

@@ -36,6 +36,9 @@ struct ProgramParts
     CSelection& selection;
     CToolBox& tools;
     std::optional<LastPick> lastPick = {};
+
+    /// The colour that was picked last.
+    std::optional<COLORREF> picked = {};
     int iJpegQuality = 90; ///< 1 to 100.
 
     /// Is called when another photo has come.

@@ -26,6 +26,8 @@ struct ProgramState
     bool bInSession;                     ///< Something with an end of its own is under way, like a transform.
     std::optional<CRect> frame;          ///< Its rectangle, bitmap pixels, if a person may place that by numbers.
 
+    std::optional<COLORREF> picked; ///< The colour that was picked last.
+
     // The selection.
     CRect rcSelection; ///< Its box in bitmap pixels; empty for none.
     bool bOutlineHidden;

@@ -59,6 +59,9 @@ public:
     using Listener = std::function<void(const std::string& strError)>;
     void SetListener(Listener listener) { m_Listener = std::move(listener); }
 
+    /// In a replay the commands that tools stand for come from the recording, not from the tools.
+    void LeaveToolCommands() { m_bToolCommands = false; }
+
     /// Shows a photo that is no file: as opening one does, but it is not written down.
     void ShowPhoto(CPhoto photo);
 
@@ -75,6 +78,7 @@ private:
     void OnKey(UINT uKey, bool bDown);
     void CommitSelection();
     void CommitStroke(const char* pszStep);
+    void ExecuteFor(UINT uCode);
     void Tell(const std::string& strError = {});
 
     /// Shows the cursor of the tool that came into the view.
@@ -89,6 +93,7 @@ private:
     ProgramParts m_parts{m_host, m_host.View(), m_document, m_presenter, m_selection, m_tools};
     std::pair<const Tool*, const CToolSession*> m_cursorOf = {nullptr, nullptr}; ///< The tool that shows its cursor.
     std::string m_strPending; ///< What the selection's change that is under way will be called; empty for none.
+    bool m_bToolCommands = true;
     CCommandRunner m_runner;
     std::vector<CViewHost::Subscription> m_vSubscriptions;
 };

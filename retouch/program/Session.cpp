@@ -28,6 +28,7 @@ public:
     {
         CViewHost host;
         CRetoucher retoucher(host);
+        retoucher.LeaveToolCommands();
         std::string strError;
         bool bRefused = false;
         const auto execute = [&](const std::string& strCommand)

@@ -68,6 +68,13 @@ struct StepName
     const char* pszName;
 };
 
+/// What the program does when the view tells of something: the command for it; empty for nothing.
+struct ToolCommand
+{
+    UINT uCode;
+    std::string (*pCommand)(ProgramParts& parts);
+};
+
 /// A picture of the tour: its name, and what a person does before it, separated by semicolons: commands, and what the
 /// hand does in thousandths of the view ("press 300 300; move 500 600; release", "click 500 500").
 struct TourStop
@@ -100,6 +107,9 @@ struct Tool
     std::span<const StepName> vStrokes = {};                ///< The notifications that make a step of the pixels.
     CPainter* (*pPainter)(const CToolBox& tools) = nullptr; ///< The library's tool as a brush.
     std::span<const Choice> vActions = {};                  ///< Buttons for commands without arguments.
+
+    std::span<const ToolCommand> vCommands = {};
+    void (*pLoaded)(CToolBox& tools) = nullptr; ///< Is called when it has come into the view.
 
     std::span<const TourStop> vTour = {}; ///< What the tour shows of it, once it is chosen.
 };

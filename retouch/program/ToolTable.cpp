@@ -1,6 +1,7 @@
 #include "program/Brushes.h"
 #include "program/ColourPick.h"
 #include "program/Limits.h"
+#include "program/RepairTools.h"
 #include "program/ShapeTool.h"
 #include "program/Tool.h"
 #include "program/ToolBox.h"
@@ -117,6 +118,18 @@ constexpr StepName CLONE_STROKES[] = {{Pixtane::PVN_CLONESTAMP_END, QT_TRANSLATE
 constexpr StepName DODGE_STROKES[] = {{Pixtane::PVN_DODGE_END, QT_TRANSLATE_NOOP("History", "Dodge")},
                                       {Pixtane::PVN_BURN_END, QT_TRANSLATE_NOOP("History", "Burn")}};
 constexpr StepName EFFECT_STROKES[] = {{Pixtane::PVN_EFFECTBRUSH_END, QT_TRANSLATE_NOOP("History", "Effect Brush")}};
+
+const ToolOption* const SPOT_OPTIONS[] = {&SPOT_SIZE};
+const ToolOption* const REDEYE_OPTIONS[] = {&REDEYE_AMOUNT};
+const ToolOption* const HORIZON_OPTIONS[] = {&HORIZON_CROP};
+const ToolOption* const PICKER_OPTIONS[] = {&SAMPLE_SIZE};
+
+constexpr ToolCommand SPOT_COMMANDS[] = {{Pixtane::PVN_SPOTREMOVER_SPOT, &SpotCommand}};
+constexpr ToolCommand REDEYE_COMMANDS[] = {{Pixtane::PVN_REDEYE_DETECT, &RedeyeCommand}};
+constexpr ToolCommand HORIZON_COMMANDS[] = {{Pixtane::PVN_HORILINE_DRAWN, &HorizonCommand}};
+constexpr ToolCommand PICKER_COMMANDS[] = {{Pixtane::PVN_COLORPICKER_COLOR, &PickBegins},
+                                           {Pixtane::PVN_LBUTTONDOWN, &PickCommand},
+                                           {Pixtane::PVN_MOUSEMOVE, &PickCommand}};
 
 const Choice CLONE_ACTIONS[] = {{PICK_SOURCE_COMMAND,
                                  QT_TRANSLATE_NOOP("Tool", "Set the source with the next click"),
@@ -285,6 +298,41 @@ const Tool TOOLS[] = {
      .vStrokes = EFFECT_STROKES,
      .pPainter = &EffectBrushOf,
      .vTour = EFFECT_TOUR},
+    {.pszWord = "spot",
+     .pszText = QT_TRANSLATE_NOOP("Tool", "Remove spots"),
+     .pszKey = "R",
+     .pszHint = QT_TRANSLATE_NOOP("Tool", "Click a spot somewhat smaller than the circle; [ and ]: size"),
+     .icon = {"M 9.5 3 L 21 14.5 C 23 18 18 23 14.5 21 L 3 9.5 C 1 6 6 1 9.5 3 Z E 10 10 4 4"},
+     .vOptions = SPOT_OPTIONS,
+     .pszSettings = "spotSettings",
+     .pPrepare = &PrepareSpot,
+     .vCommands = SPOT_COMMANDS,
+     .pLoaded = &MeasureSpot},
+    {.pszWord = "red-eye",
+     .pszText = QT_TRANSLATE_NOOP("Tool", "Red eyes"),
+     .pszKey = "Y",
+     .pszHint = QT_TRANSLATE_NOOP("Tool", "Drag a frame around an eye, or both"),
+     .icon = {"M 2 12 C 7 4 17 4 22 12 C 17 20 7 20 2 12 Z E 8 8 8 8 E 11 11 2 2"},
+     .vOptions = REDEYE_OPTIONS,
+     .pszSettings = "redEyeSettings",
+     .pPrepare = &PrepareRedeye,
+     .vCommands = REDEYE_COMMANDS},
+    {.pszWord = "straighten",
+     .pszText = QT_TRANSLATE_NOOP("Tool", "Straighten"),
+     .pszKey = "G",
+     .pszHint = QT_TRANSLATE_NOOP("Tool", "Draw along what should be level or upright"),
+     .icon = {"M 2 15 L 22 9 M 2 20 L 22 20 M 5 17 L 5 20 M 12 17 L 12 20 M 19 17 L 19 20"},
+     .vOptions = HORIZON_OPTIONS,
+     .pPrepare = &PrepareHorizon,
+     .vCommands = HORIZON_COMMANDS},
+    {.pszWord = "picker",
+     .pszText = QT_TRANSLATE_NOOP("Tool", "Colour picker"),
+     .pszKey = "I",
+     .pszHint = QT_TRANSLATE_NOOP("Tool", "Click or drag: the colour under the pointer"),
+     .icon = {"M 3 21 L 5 16 L 13 8 L 16 11 L 8 19 Z M 12 7 L 17 12 M 14 9 L 18 4 C 20 2 22 4 20 6 L 15 10"},
+     .vOptions = PICKER_OPTIONS,
+     .pPrepare = &PreparePicker,
+     .vCommands = PICKER_COMMANDS},
 };
 
 } // namespace

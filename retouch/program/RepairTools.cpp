@@ -1,0 +1,186 @@
+#include "program/RepairTools.h"
+
+#include "document/Document.h"
+#include "program/ToolBox.h"
+#include "tools/ColorPicker.h"
+#include "tools/HoriLinePen.h"
+#include "tools/RedeyeReduction.h"
+#include "tools/SpotRemover.h"
+
+#include <cstdio>
+#include <QtGlobal>
+#include <utility>
+
+namespace
+{
+
+using namespace Pixtane::EmbeddedTool;
+using Embedded = Pixtane::CPixtane::IEmbeddedTool;
+
+/// The library's frame for red eyes, with an amount that most eyes need.
+class CRedeyeTool : public RedeyeReduction
+{
+public:
+    CRedeyeTool() { SetDarkenAmount(60); }
+};
+
+/// The spot remover, with a size that can be seen.
+class CSpotTool : public SpotRemover
+{
+public:
+    CSpotTool() { SetSize(40); }
+};
+
+/// The horizon line, and whether what has no picture after the turn is cut off.
+class CHorizonTool : public HoriLinePen
+{
+public:
+    int iCrop = TRUE;
+};
+
+/// The colour picker, and over how many pixels it averages.
+class CPickerTool : public ColorPicker
+{
+public:
+    int iSample = 0;      ///< 0, 1, 2: squares of 1, 3, 5 pixels.
+    bool bPicked = false; ///< The view has yet to tell where.
+};
+
+std::string Command(const char* pszWord, std::initializer_list<int> vNumbers)
+{
+    std::string strCommand = pszWord;
+    for (const int iNumber : vNumbers)
+        strCommand += " " + std::to_string(iNumber);
+    return strCommand;
+}
+
+} // namespace
+
+const ToolOption SPOT_SIZE = {"spot-size",
+                              "PIXELS",
+                              QT_TRANSLATE_NOOP("Tool", " &Size "),
+                              QT_TRANSLATE_NOOP("Tool", " px"),
+                              QT_TRANSLATE_NOOP("Tool", "The spot's diameter in the photo's pixels"),
+                              1,
+                              SpotRemover::MAX_SIZE,
+                              {},
+                              [](const CToolBox& tools) { return tools.Embedded<CSpotTool>().GetSize(); },
+                              [](ProgramParts& parts, int iSize)
+                              {
+                                  parts.tools.Embedded<CSpotTool>().SetSize(iSize);
+                                  parts.view.Invalidate(FALSE); // The outline follows.
+                              },
+                              "[",
+                              "]"};
+
+const ToolOption REDEYE_AMOUNT = {"red-eye-amount",
+                                  "PERCENT",
+                                  QT_TRANSLATE_NOOP("Tool", " &Amount "),
+                                  QT_TRANSLATE_NOOP("Tool", " %"),
+                                  QT_TRANSLATE_NOOP("Tool", "How much of the pupil's red goes"),
+                                  1,
+                                  100,
+                                  {},
+                                  [](const CToolBox& tools) { return tools.Embedded<CRedeyeTool>().GetDarkenAmount(); },
+                                  [](ProgramParts& parts, int iAmount)
+                                  { parts.tools.Embedded<CRedeyeTool>().SetDarkenAmount(iAmount); },
+                                  "",
+                                  "",
+                                  true};
+
+const ToolOption HORIZON_CROP = {"horizon",
+                                 "CORNERS",
+                                 "",
+                                 "",
+                                 "",
+                                 FALSE,
+                                 TRUE,
+                                 {{"whole",
+                                   QT_TRANSLATE_NOOP("Tool", "Keep the size; the edge fills the corners"),
+                                   "",
+                                   {"R 3 6 18 12 M 3 14 L 21 10"}},
+                                  {"crop",
+                                   QT_TRANSLATE_NOOP("Tool", "Cut the empty corners off"),
+                                   "",
+                                   {"R 6 8 12 8 M 3 6 L 18 6 L 18 19 M 6 5 L 6 16 L 21 16"}}},
+                                 [](const CToolBox& tools) { return tools.Embedded<CHorizonTool>().iCrop; },
+                                 [](ProgramParts& parts, int iCrop)
+                                 { parts.tools.Embedded<CHorizonTool>().iCrop = iCrop; }};
+
+const ToolOption SAMPLE_SIZE = {
+    "sample",
+    "PIXELS",
+    "",
+    "",
+    "",
+    0,
+    2,
+    {{"1", QT_TRANSLATE_NOOP("Tool", "One pixel"), "", {"R 10 10 4 4"}},
+     {"3", QT_TRANSLATE_NOOP("Tool", "The average of 3 by 3 pixels"), "", {"R 8 8 8 8 R 10.5 10.5 3 3"}},
+     {"5", QT_TRANSLATE_NOOP("Tool", "The average of 5 by 5 pixels"), "", {"R 4 4 16 16 R 10.5 10.5 3 3"}}},
+    [](const CToolBox& tools) { return tools.Embedded<CPickerTool>().iSample; },
+    [](ProgramParts& parts, int iSample) { parts.tools.Embedded<CPickerTool>().iSample = iSample; }};
+
+Embedded& PrepareSpot(CToolBox& tools) { return tools.Embedded<CSpotTool>(); }
+Embedded& PrepareRedeye(CToolBox& tools) { return tools.Embedded<CRedeyeTool>(); }
+Embedded& PrepareHorizon(CToolBox& tools) { return tools.Embedded<CHorizonTool>(); }
+Embedded& PreparePicker(CToolBox& tools) { return tools.Embedded<CPickerTool>(); }
+
+void MeasureSpot(CToolBox& tools)
+{
+    CSpotTool& tool = tools.Embedded<CSpotTool>();
+    tool.SetSize(tool.GetSize());
+}
+
+std::string SpotCommand(ProgramParts& parts)
+{
+    const CSpotTool& tool = parts.tools.Embedded<CSpotTool>();
+    const CPoint pt = tool.GetSpotPos();
+    const CRect rcPhoto(0, 0, parts.view.iBmpWidth(), parts.view.iBmpHeight());
+    return rcPhoto.PtInRect(pt) ? Command("heal", {pt.x, pt.y, tool.GetSize()}) : "";
+}
+
+std::string RedeyeCommand(ProgramParts& parts)
+{
+    CRedeyeTool& tool = parts.tools.Embedded<CRedeyeTool>();
+    CRect rc = tool.GetDetectRect();
+    rc.NormalizeRect();
+    ++rc.right; // Its sides are the last pixels.
+    ++rc.bottom;
+    if (!rc.IntersectRect(CRect(rc), CRect(0, 0, parts.view.iBmpWidth(), parts.view.iBmpHeight())))
+        return {};
+    return Command("red-eye", {rc.left, rc.top, rc.Width(), rc.Height(), tool.GetDarkenAmount()});
+}
+
+std::string HorizonCommand(ProgramParts& parts)
+{
+    CHorizonTool& tool = parts.tools.Embedded<CHorizonTool>();
+    const double dAngle = tool.GetOffsetAngle();
+    if (dAngle == 0 || !parts.document.Photo())
+        return {};
+    char szAngle[32];
+    std::snprintf(szAngle, sizeof(szAngle), "%.3f", dAngle);
+    for (char& c : szAngle)
+        c = c == ',' ? '.' : c; // Commands are the same in every locale.
+    return std::string("straighten ") + szAngle + " " + HORIZON_CROP.Text(tool.iCrop);
+}
+
+std::string PickBegins(ProgramParts& parts)
+{
+    // The view knows the pointer's place only after its tool has answered.
+    parts.tools.Embedded<CPickerTool>().bPicked = true;
+    return {};
+}
+
+std::string PickCommand(ProgramParts& parts)
+{
+    CPickerTool& tool = parts.tools.Embedded<CPickerTool>();
+    if (!std::exchange(tool.bPicked, false))
+        return {};
+    const CPoint pt = parts.view.GetCursorPos(TRUE);
+    if (CRect(0, 0, parts.view.iBmpWidth(), parts.view.iBmpHeight()).PtInRect(pt))
+        return Command("sample-colour", {pt.x, pt.y, 2 * tool.iSample + 1});
+    parts.picked = tool.GetColor(); // What the screen shows there.
+    parts.changed();
+    return {};
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "program/ProgramParts.h"
+#include "program/Tool.h"
+
+#include <string>
+
+// What the rows of the tools for spots, red eyes, the horizon and colours are made of.
+
+extern const ToolOption SPOT_SIZE;
+extern const ToolOption REDEYE_AMOUNT;
+extern const ToolOption HORIZON_CROP;
+extern const ToolOption SAMPLE_SIZE;
+
+Pixtane::CPixtane::IEmbeddedTool& PrepareSpot(CToolBox& tools);
+Pixtane::CPixtane::IEmbeddedTool& PrepareRedeye(CToolBox& tools);
+Pixtane::CPixtane::IEmbeddedTool& PrepareHorizon(CToolBox& tools);
+Pixtane::CPixtane::IEmbeddedTool& PreparePicker(CToolBox& tools);
+
+/// The spot's outline has its size only when the view is there.
+void MeasureSpot(CToolBox& tools);
+
+// The commands that they stand for.
+std::string SpotCommand(ProgramParts& parts);
+std::string RedeyeCommand(ProgramParts& parts);
+std::string HorizonCommand(ProgramParts& parts);
+std::string PickBegins(ProgramParts& parts);
+std::string PickCommand(ProgramParts& parts);
