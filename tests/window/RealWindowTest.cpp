@@ -214,7 +214,8 @@ TEST_F(RealWindowTest, TheCursorFollowsKeysWhileThePointerStands)
 {
     PointTo(200, 150);
     ASSERT_TRUE(WaitFor([&] { return Widget().focusProxy()->cursor().shape() == Qt::BitmapCursor; }));
-    for (const QStringList& vKeys : {QStringList{"key", "m"}, {"key", "w"}, {"keydown", "space"}, {"keyup", "space"}})
+    for (const QStringList& vKeys :
+         {QStringList{"key", "m"}, {"key", "3"}, {"key", "w"}, {"keydown", "space"}, {"keyup", "space"}})
     {
         const QCursor before = Widget().focusProxy()->cursor();
         Xdo(vKeys);
