@@ -84,7 +84,7 @@ private:
 
 const ToolOption BRUSH_SIZE = {"brush-size",
                                "PIXELS",
-                               QT_TRANSLATE_NOOP("Tool", " &Size "),
+                               QT_TRANSLATE_NOOP("Tool", " Si&ze "),
                                QT_TRANSLATE_NOOP("Tool", " px"),
                                QT_TRANSLATE_NOOP("Tool", "The brush's diameter in the photo's pixels"),
                                1,

@@ -5,6 +5,7 @@
 #include "program/ColourPick.h"
 #include "program/HeldHand.h"
 #include "program/LongWork.h"
+#include "program/ShapeTool.h"
 #include "view/Notifications.h"
 
 #include <utility>
@@ -109,7 +110,8 @@ void CRetoucher::OnKey(UINT uKey, bool bDown)
 
 void CRetoucher::FollowTool()
 {
-    const std::pair<const Tool*, const CToolSession*> now = {&m_tools.Current(), m_tools.Session()};
+    const CursorOwner now = {&m_tools.Current(), m_tools.Session(),
+                             m_tools.Embedded<CShapeTool>().GetSelectOverlapMode()};
     if (!m_tools.IsGesture() && std::exchange(m_cursorOf, now) != now)
         m_host.ShowCursor();
 }

@@ -10,6 +10,7 @@
 #include "program/ToolBox.h"
 
 #include <string>
+#include <tuple>
 
 /// The program without its window: the photo in a view, its tools and history, and everything a person can do with them
 /// as commands of one line of text. Menus, keys, recorded sessions, the tour and scripts all come through Execute; what
@@ -91,7 +92,9 @@ private:
     CSelection m_selection{m_host.View(), m_document, m_presenter};
     CToolBox m_tools{m_host.View()};
     ProgramParts m_parts{m_host, m_host.View(), m_document, m_presenter, m_selection, m_tools};
-    std::pair<const Tool*, const CToolSession*> m_cursorOf = {nullptr, nullptr}; ///< The tool that shows its cursor.
+    /// What decides about the cursor: tool, session and rule for shapes.
+    using CursorOwner = std::tuple<const Tool*, const CToolSession*, int>;
+    CursorOwner m_cursorOf = {nullptr, nullptr, 0}; ///< What the cursor was shown for last.
     std::string m_strPending; ///< What the selection's change that is under way will be called; empty for none.
     bool m_bToolCommands = true;
     CCommandRunner m_runner;

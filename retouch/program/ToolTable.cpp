@@ -84,7 +84,7 @@ const ToolOption RULE = {"rule",
 
 const ToolOption FEATHER = {"feather",
                             "PIXELS",
-                            QT_TRANSLATE_NOOP("Tool", " &Feather "),
+                            QT_TRANSLATE_NOOP("Tool", " Fe&ather "),
                             QT_TRANSLATE_NOOP("Tool", " px"),
                             QT_TRANSLATE_NOOP("Tool", "How soft the edge of new shapes is"),
                             0,

@@ -20,6 +20,8 @@ public:
     {
         if (uCode >= Pixtane::PVN_SELMOD_LEFT && uCode <= Pixtane::PVN_SELMOD_RECT)
             FrameChanged();
+        else if (uCode == Pixtane::PVN_DISPLAYCHANGED)
+            Modifier().FollowView();
     }
     std::string StepName() const override { return QT_TRANSLATE_NOOP("History", "Transform Selection"); }
     std::optional<CRect> Frame() const override

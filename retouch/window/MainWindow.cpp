@@ -134,7 +134,7 @@ void CMainWindow::OpenFirst(const QStringList& vPaths) { m_pFiles->OpenFirst(vPa
 
 void CMainWindow::closeEvent(QCloseEvent* pEvent)
 {
-    if (m_bMayClose || !m_retoucher.State().bUnsaved)
+    if (m_bMayClose || !m_pFiles->WouldLose())
         return QMainWindow::closeEvent(pEvent);
     pEvent->ignore();
     m_pFiles->BeforeLosing(

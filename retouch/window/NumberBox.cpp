@@ -1,7 +1,16 @@
 #include "window/NumberBox.h"
 
 #include <algorithm>
-#include <QToolTip>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QStatusTipEvent>
+
+void CNumberBox::keyPressEvent(QKeyEvent* pEvent)
+{
+    QSpinBox::keyPressEvent(pEvent);
+    if (pEvent->key() == Qt::Key_Return || pEvent->key() == Qt::Key_Enter)
+        emit Entered();
+}
 
 QValidator::State CNumberBox::validate(QString& strText, int& iPosition) const
 {
@@ -29,6 +38,6 @@ void CNumberBox::fixup(QString& strText) const
     const int iTyped = locale().toInt(strNumber, &bRead);
     const int iMeant = std::clamp(bRead ? iTyped : bNegative ? minimum() : maximum(), minimum(), maximum());
     strText = textFromValue(iMeant) + suffix();
-    QToolTip::showText(mapToGlobal(rect().bottomLeft()),
-                       tr("%1 is not from %2 to %3.").arg(strNumber).arg(minimum()).arg(maximum()));
+    QStatusTipEvent tip(tr("%1 is not from %2 to %3.").arg(strNumber).arg(minimum()).arg(maximum()));
+    QCoreApplication::sendEvent(parentWidget(), &tip);
 }

@@ -11,7 +11,12 @@ class CNumberBox : public QSpinBox
 public:
     using QSpinBox::QSpinBox;
 
+signals:
+    /// The person has entered the number, and not only gone on to something else.
+    void Entered();
+
 protected:
+    void keyPressEvent(QKeyEvent* pEvent) override;
     QValidator::State validate(QString& strText, int& iPosition) const override;
     void fixup(QString& strText) const override;
 };

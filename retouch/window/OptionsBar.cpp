@@ -58,7 +58,7 @@ void COptionsBar::AddNumber(const ToolOption& option)
                 if (!m_bShowing)
                     m_Execute(std::string(option.pszWord) + " " + std::to_string(iNumber));
             });
-    connect(pNumber, &QSpinBox::editingFinished, this, [this] { m_Done(); });
+    connect(pNumber, &CNumberBox::Entered, this, [this] { m_Done(); });
 }
 
 void COptionsBar::AddActions(const Tool& tool)

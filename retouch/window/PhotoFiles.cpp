@@ -57,7 +57,8 @@ void CPhotoFiles::OpenFirst(const QStringList& vPaths)
     QStringList vNames;
     for (const QString& strPath : vPaths.mid(1))
         vNames += QFileInfo(strPath).fileName();
-    ShowBox(QMessageBox::Information, tr("One photo at a time: %1 was opened.").arg(QFileInfo(vPaths[0]).fileName()),
+    ShowBox(QMessageBox::Information,
+            tr("One photo at a time: only %1 is opened.").arg(QFileInfo(vPaths[0]).fileName()),
             tr("Not opened: %1").arg(vNames.join(", ")));
 }
 
@@ -76,9 +77,11 @@ void CPhotoFiles::ShowBox(QMessageBox::Icon icon, const QString& strText, const 
     pBox->open();
 }
 
+bool CPhotoFiles::WouldLose() const { return m_bSaving || m_retoucher.State().bUnsaved; }
+
 void CPhotoFiles::BeforeLosing(std::function<void()> next)
 {
-    if (!m_retoucher.State().bUnsaved)
+    if (!WouldLose())
         return next();
     // It may be being saved right now.
     m_retoucher.WhenIdle(
@@ -206,10 +209,12 @@ void CPhotoFiles::Write(const QString& strPath, const std::function<void()>& nex
     if (bJpeg && !QSettings().contains(JPEG_QUALITY) && !AskQuality())
         return;
     // Whether a file that is there may go has been asked by now, or it is the photo's own.
+    m_bSaving = true;
     m_Execute("save " + Quoted(strPath.toStdString()) + " --overwrite");
     m_retoucher.WhenIdle(
         [this, strPath, next]
         {
+            m_bSaving = false;
             const ProgramState state = m_retoucher.State();
             if (state.bUnsaved || QString::fromStdString(state.strPath) != strPath)
                 return; // It failed, which has been told, or was cancelled.

@@ -38,6 +38,9 @@ public:
     /// Asks for the quality of JPEG files, and keeps it; FALSE when the person cancels.
     bool AskQuality();
 
+    /// Whether going on to another photo, or closing, would lose changes or a file that is being written.
+    bool WouldLose() const;
+
     /// Calls next after asking what is to become of changes that no file holds, if there are any: not at all when the
     /// person cancels. The question does not wait for the answer.
     void BeforeLosing(std::function<void()> next);
@@ -55,4 +58,5 @@ private:
     QMainWindow& m_window;
     CRetoucher& m_retoucher;
     ExecuteCommand m_Execute;
+    bool m_bSaving = false; ///< A file is being written.
 };

@@ -9,7 +9,7 @@ CTransformBar::CTransformBar(QWidget* pParent, ExecuteCommand execute)
     : QToolBar(tr("Transform"), pParent), m_Execute(std::move(execute))
 {
     setMovable(false);
-    const QString vLabels[] = {tr(" &X "), tr("  &Y "), tr("  &Width "), tr("  &Height ")};
+    const QString vLabels[] = {tr(" &X "), tr("  &Y "), tr("  &Width "), tr("  Hei&ght ")};
     for (std::size_t i = 0; i < m_vNumbers.size(); ++i)
     {
         auto* const pLabel = new QLabel(vLabels[i], this);

@@ -331,6 +331,26 @@ TEST_F(RetoucherTest, ATransformIsOneStepOrNone)
     EXPECT_EQ(retoucher.State().strUndo, "Transform Selection");
 }
 
+TEST_F(RetoucherTest, TheTransformsFrameFollowsTheWindowAndAScrolledPicture)
+{
+    Do("tool rectangle");
+    Drag({100, 50}, {199, 149});
+    Do("tool transform");
+    Do("one-to-one"); // fitting again would be another zoom
+    host.MoveWindow(0, 0, 701, 501);
+    CUser::Settle();
+    user.Drag(At(199, 100), At(219, 100));
+    EXPECT_EQ(Box(), "100,50,220,150") << "the handle is where the picture is";
+    host.Zoom().ZoomAbout(8, host.Zoom().ViewCentre());
+    CUser::Settle();
+    user.Press({300, 200});
+    user.Move({310, 200});
+    host.View().MoveImage(-160, 0);
+    user.Move({300, 200});
+    user.Release({300, 200});
+    EXPECT_EQ(Box(), "80,50,200,150") << "back in the window, not in the picture";
+}
+
 TEST_F(RetoucherTest, AHiddenOutlineStaysHiddenAndSpaceIsAHand)
 {
     const auto picture = [&]

@@ -167,6 +167,15 @@ TEST_F(RealWindowTest, KeysShowTheOriginalScrollAndZoom)
     ExpectShown();
     Xdo({"keyup", "b"});
     ASSERT_TRUE(WaitFor([&] { return shown() == changed; }));
+    Xdo({"keydown", "b"});
+    ASSERT_TRUE(WaitFor([&] { return shown() == before; }));
+    {
+        QWidget other; // It gets the release.
+        other.show();
+        Xdo({"windowfocus", "--sync", QString::number(other.winId()), "keyup", "b"});
+        EXPECT_TRUE(WaitFor([&] { return shown() == changed; }));
+    }
+    Xdo({"windowfocus", "--sync", QString::number(window.winId())});
     const Gdiplus::Point ptBefore = View().ptDispPos();
     Xdo({"key", "ctrl+Right"});
     Xdo({"key", "ctrl+Down"});
@@ -199,6 +208,19 @@ TEST_F(RealWindowTest, WheelButtonsAndKeysScrollAndFittingGoesOn)
     Xdo({"key", "Next"});
     ASSERT_TRUE(WaitFor([&] { return pos().second > 0; }));
     ExpectShown();
+}
+
+TEST_F(RealWindowTest, TheCursorFollowsKeysWhileThePointerStands)
+{
+    PointTo(200, 150);
+    ASSERT_TRUE(WaitFor([&] { return Widget().focusProxy()->cursor().shape() == Qt::BitmapCursor; }));
+    for (const QStringList& vKeys :
+         {QStringList{"key", "m"}, {"key", "3"}, {"key", "w"}, {"keydown", "space"}, {"keyup", "space"}})
+    {
+        const QCursor before = Widget().focusProxy()->cursor();
+        Xdo(vKeys);
+        EXPECT_TRUE(WaitFor([&] { return Widget().focusProxy()->cursor() != before; })) << vKeys[1].toStdString();
+    }
 }
 
 TEST_F(RealWindowTest, MenusAreReachedByKeysAndOfferWhatIsPossible)
