@@ -2,6 +2,7 @@
 #include "qt/PixtaneWidget.h"
 #include "user/Window.h"
 #include "window/MainWindow.h"
+#include "window/RecentFiles.h"
 
 #include <algorithm>
 #include <functional>
@@ -15,6 +16,8 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QScreen>
+#include <QSpinBox>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
@@ -245,6 +248,43 @@ TEST_F(RealWindowTest, MenusAreReachedByKeysAndOfferWhatIsPossible)
         Xdo({"key", pszKeys});
         ASSERT_TRUE(WaitFor([&, bWanted = bPossible] { return pGrow->isEnabled() == bWanted; })) << pszKeys;
     }
+}
+
+TEST_F(RealWindowTest, TabReachesEveryOptionAndNumbersOutOfRangeAreNamed)
+{
+    QStringList vReached;
+    Widget().setFocus();
+    const auto press = [](const char* pszKey)
+    {
+        const QWidget* const pBefore = QApplication::focusWidget();
+        Xdo({"key", pszKey});
+        return WaitFor([&] { return QApplication::focusWidget() != pBefore; });
+    };
+    do
+    {
+        ASSERT_TRUE(press("Tab"));
+        auto* const pNumber = qobject_cast<QSpinBox*>(QApplication::focusWidget());
+        if (!pNumber)
+            continue;
+        vReached += pNumber->text();
+        const int iBefore = pNumber->value();
+        Xdo({"key", "ctrl+a", "9", "9", "9"});
+        ASSERT_TRUE(press("Tab"));
+        EXPECT_TRUE(window.statusBar()->currentMessage().startsWith("999 "));
+        EXPECT_EQ(pNumber->value(), pNumber->maximum());
+        window.statusBar()->clearMessage();
+        pNumber->setValue(iBefore); // It is kept for the next window.
+        ASSERT_TRUE(press("shift+Tab"));
+    } while (QApplication::focusWidget() != Widget().focusProxy());
+    EXPECT_EQ(vReached, QStringList({"0 px", "50"}));
+}
+
+TEST(RecentFilesTest, EqualNamesComeWithTheirFolders)
+{
+    QStringList vTexts;
+    for (const RecentFile& file : Told({"/a/x.png", "/b/y.png", "/b/x.png"}))
+        vTexts += file.strText;
+    EXPECT_EQ(vTexts, QStringList({"x.png  (/a)", "y.png", "x.png  (/b)"}));
 }
 
 TEST_F(RealWindowTest, DrawingAtTheEdgeScrollsForAsLongAsThePointerIsThere)
