@@ -185,6 +185,15 @@ std::vector<Command> PhotoCommands()
          {},
          Command::Prepare([](P& parts, const Values&, std::string& strError)
                           { return CropToSelectionJob(parts, strError); })},
+        {"straighten",
+         {{"DEGREES", Argument::Kind::Decimal}, {"CORNERS", Argument::Kind::Word, 0, 0, {"whole", "crop"}}},
+         AsJob([](P& parts, const Values& v)
+               { return StraightenJob(parts, std::get<double>(v[0]), Text(v, 1) == "crop"); })},
+        {"turn-left", {}, AsJob([](P& parts, const Values&) { return TurnJob(parts, Turn::Left); })},
+        {"turn-right", {}, AsJob([](P& parts, const Values&) { return TurnJob(parts, Turn::Right); })},
+        {"turn-around", {}, AsJob([](P& parts, const Values&) { return TurnJob(parts, Turn::Around); })},
+        {"mirror", {}, AsJob([](P& parts, const Values&) { return TurnJob(parts, Turn::Mirror); })},
+        {"flip", {}, AsJob([](P& parts, const Values&) { return TurnJob(parts, Turn::Flip); })},
         {"revert", {}, AsJob([](P& parts, const Values&) { return RevertJob(parts); })},
         {"undo", {}, Simply([](P& parts) { GoTo(parts, &CHistory::Back); }), Middle::TakesBack},
         {"redo", {}, Simply([](P& parts) { GoTo(parts, &CHistory::Forth); })},

@@ -2,6 +2,7 @@
 
 #include "document/Message.h"
 #include "host/ViewHost.h"
+#include "pixels/Straighten.h"
 #include "program/LongWork.h"
 #include "program/Selection.h"
 #include "view/Pixtane.h"
@@ -70,7 +71,76 @@ Picture Cropped(PixelView photo, const std::vector<BYTE>& vMask, const CRect& rc
     return picture;
 }
 
+Picture Turned(PixelView photo, const std::vector<BYTE>& vMask, Turn eTurn)
+{
+    const bool bQuarter = IsQuarterTurn(eTurn);
+    Picture picture = {CPhoto(bQuarter ? photo.cy : photo.cx, bQuarter ? photo.cx : photo.cy), {}};
+    picture.vMask.reserve(vMask.size());
+    ForTurned(eTurn, photo.cx, photo.cy,
+              [&](PixelPlace to, PixelPlace from)
+              {
+                  std::memcpy(picture.photo.Row(to.y) + std::ptrdiff_t{to.x} * 4,
+                              photo.Row(from.y) + std::ptrdiff_t{from.x} * 4, 4);
+                  if (!vMask.empty())
+                      picture.vMask.push_back(vMask[static_cast<std::size_t>(from.y) * photo.cx + from.x]);
+              });
+    return picture;
+}
+
+/// The weights as a picture, so that they turn like one; what lies beyond it is not selected.
+std::vector<BYTE> StraightMask(const std::vector<BYTE>& vMask, CSize szBefore, CSize szAfter, double dDegrees,
+                               CProgress& progress)
+{
+    // A border of nothing, which repeats.
+    CPhoto before(szBefore.cx + 2, szBefore.cy + 2);
+    for (int y = 0; y < szBefore.cy; ++y)
+    {
+        for (int x = 0; x < szBefore.cx; ++x)
+            before.Row(y + 1)[(x + 1) * 4] = vMask[static_cast<std::size_t>(y) * szBefore.cx + x];
+    }
+    CPhoto after(szAfter.cx, szAfter.cy);
+    std::vector<BYTE> vTurned;
+    if (!Straighten(before.View(), after.View(), dDegrees, progress))
+        return vTurned;
+    for (int y = 0; y < szAfter.cy; ++y)
+    {
+        for (int x = 0; x < szAfter.cx; ++x)
+            vTurned.push_back(after.Row(y)[x * 4]);
+    }
+    return vTurned;
+}
+
+std::optional<Picture> Straightened(PixelView photo, const std::vector<BYTE>& vMask, double dDegrees, bool bCrop,
+                                    CProgress& progress)
+{
+    const PixelSize whole = {photo.cx, photo.cy};
+    const PixelSize size = bCrop ? InscribedSize(whole, dDegrees) : whole;
+    Picture picture = {CPhoto(size.cx, size.cy), {}};
+    progress.SetStages(vMask.empty() ? 1 : 2);
+    if (!Straighten(photo, picture.photo.View(), dDegrees, progress))
+        return std::nullopt;
+    if (!vMask.empty())
+        picture.vMask = StraightMask(vMask, {photo.cx, photo.cy}, {size.cx, size.cy}, dDegrees, progress);
+    return progress.IsCancelled() ? std::nullopt : std::optional(std::move(picture));
+}
+
 } // namespace
+
+std::optional<Job> TurnJob(ProgramParts& parts, Turn eTurn)
+{
+    return ShapeJob(parts,
+                    IsQuarterTurn(eTurn) || eTurn == Turn::Around ? QT_TRANSLATE_NOOP("History", "Turn")
+                                                                  : QT_TRANSLATE_NOOP("History", "Mirror"),
+                    [=](PixelView photo, const std::vector<BYTE>& vMask, CProgress&)
+                    { return std::optional(Turned(photo, vMask, eTurn)); });
+}
+
+std::optional<Job> StraightenJob(ProgramParts& parts, double dDegrees, bool bCrop)
+{
+    return ShapeJob(parts, QT_TRANSLATE_NOOP("History", "Straighten"),
+                    [=](PixelView photo, const std::vector<BYTE>& vMask, CProgress& progress)
+                    { return Straightened(photo, vMask, dDegrees, bCrop, progress); });
+}
 
 void ShowShaped(ProgramParts& parts, const std::function<CPhoto()>& replace)
 {

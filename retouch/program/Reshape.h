@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/Document.h"
+#include "pixels/Turn.h"
 #include "program/Jobs.h"
 #include "program/ProgramParts.h"
 
@@ -15,6 +16,13 @@ std::optional<Job> CropJob(ProgramParts& parts, const CRect& rc, std::string& st
 
 /// The same to the box of the selection.
 std::optional<Job> CropToSelectionJob(ProgramParts& parts, std::string& strError);
+
+/// Turns or mirrors it.
+std::optional<Job> TurnJob(ProgramParts& parts, Turn eTurn);
+
+/// Turns the photo about its middle by degrees, clockwise where positive; with bCrop what would have no picture is cut
+/// off, otherwise the photo keeps its size.
+std::optional<Job> StraightenJob(ProgramParts& parts, double dDegrees, bool bCrop);
 
 /// Puts the photo as it was opened back, whatever its size is now.
 std::optional<Job> RevertJob(ProgramParts& parts);

@@ -70,7 +70,19 @@ LRESULT CRetoucher::OnNotified(UINT uCode)
     if (uCode != Pixtane::PVN_SELECTION_CLEARED)
         CommitSelection();
     FollowTool();
+    ExecuteFor(uCode);
     return 0;
+}
+
+void CRetoucher::ExecuteFor(UINT uCode)
+{
+    for (const ToolCommand& row : m_tools.Current().vCommands)
+    {
+        const std::string strCommand = row.uCode == uCode && m_bToolCommands ? row.pCommand(m_parts) : "";
+        std::string strError;
+        if (!strCommand.empty() && !Execute(strCommand, strError))
+            Tell(strError);
+    }
 }
 
 void CRetoucher::CommitSelection()

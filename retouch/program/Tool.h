@@ -109,7 +109,6 @@ struct Tool
     std::span<const Choice> vActions = {};                  ///< Buttons for commands without arguments.
 
     std::span<const ToolCommand> vCommands = {};
-    void (*pLoaded)(CToolBox& tools) = nullptr; ///< Is called when it has come into the view.
 
     std::span<const TourStop> vTour = {}; ///< What the tour shows of it, once it is chosen.
 };

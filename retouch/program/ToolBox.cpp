@@ -20,8 +20,6 @@ void CToolBox::LoadChosen()
     if (IsGesture())
         ::ReleaseCapture();
     m_view.LoadEmbeddedTool(m_pChosen->pPrepare(*this));
-    if (m_pChosen->pLoaded)
-        m_pChosen->pLoaded(*this);
 }
 
 bool CToolBox::BeginSession(std::unique_ptr<CToolSession> pSession, std::string& strError, const Tool* pTool)

@@ -1,7 +1,7 @@
 #include "program/Brushes.h"
 #include "program/ColourPick.h"
 #include "program/Limits.h"
-#include "program/RepairTools.h"
+#include "program/PointTools.h"
 #include "program/ShapeTool.h"
 #include "program/Tool.h"
 #include "program/ToolBox.h"
@@ -119,13 +119,9 @@ constexpr StepName DODGE_STROKES[] = {{Pixtane::PVN_DODGE_END, QT_TRANSLATE_NOOP
                                       {Pixtane::PVN_BURN_END, QT_TRANSLATE_NOOP("History", "Burn")}};
 constexpr StepName EFFECT_STROKES[] = {{Pixtane::PVN_EFFECTBRUSH_END, QT_TRANSLATE_NOOP("History", "Effect Brush")}};
 
-const ToolOption* const SPOT_OPTIONS[] = {&SPOT_SIZE};
-const ToolOption* const REDEYE_OPTIONS[] = {&REDEYE_AMOUNT};
 const ToolOption* const HORIZON_OPTIONS[] = {&HORIZON_CROP};
 const ToolOption* const PICKER_OPTIONS[] = {&SAMPLE_SIZE};
 
-constexpr ToolCommand SPOT_COMMANDS[] = {{Pixtane::PVN_SPOTREMOVER_SPOT, &SpotCommand}};
-constexpr ToolCommand REDEYE_COMMANDS[] = {{Pixtane::PVN_REDEYE_DETECT, &RedeyeCommand}};
 constexpr ToolCommand HORIZON_COMMANDS[] = {{Pixtane::PVN_HORILINE_DRAWN, &HorizonCommand}};
 constexpr ToolCommand PICKER_COMMANDS[] = {{Pixtane::PVN_COLORPICKER_COLOR, &PickBegins},
                                            {Pixtane::PVN_LBUTTONDOWN, &PickCommand},
@@ -298,25 +294,6 @@ const Tool TOOLS[] = {
      .vStrokes = EFFECT_STROKES,
      .pPainter = &EffectBrushOf,
      .vTour = EFFECT_TOUR},
-    {.pszWord = "spot",
-     .pszText = QT_TRANSLATE_NOOP("Tool", "Remove spots"),
-     .pszKey = "R",
-     .pszHint = QT_TRANSLATE_NOOP("Tool", "Click a spot somewhat smaller than the circle; [ and ]: size"),
-     .icon = {"M 9.5 3 L 21 14.5 C 23 18 18 23 14.5 21 L 3 9.5 C 1 6 6 1 9.5 3 Z E 10 10 4 4"},
-     .vOptions = SPOT_OPTIONS,
-     .pszSettings = "spotSettings",
-     .pPrepare = &PrepareSpot,
-     .vCommands = SPOT_COMMANDS,
-     .pLoaded = &MeasureSpot},
-    {.pszWord = "red-eye",
-     .pszText = QT_TRANSLATE_NOOP("Tool", "Red eyes"),
-     .pszKey = "Y",
-     .pszHint = QT_TRANSLATE_NOOP("Tool", "Drag a frame around an eye, or both"),
-     .icon = {"M 2 12 C 7 4 17 4 22 12 C 17 20 7 20 2 12 Z E 8 8 8 8 E 11 11 2 2"},
-     .vOptions = REDEYE_OPTIONS,
-     .pszSettings = "redEyeSettings",
-     .pPrepare = &PrepareRedeye,
-     .vCommands = REDEYE_COMMANDS},
     {.pszWord = "straighten",
      .pszText = QT_TRANSLATE_NOOP("Tool", "Straighten"),
      .pszKey = "G",

@@ -56,6 +56,10 @@ void CMainWindow::MakeImageMenu()
     pMenu->addAction(tr("&Brightness and Contrast..."), QKeySequence(tr("Ctrl+B")), this,
                      [this] { CBrightnessDialog(this, [this](const std::string& str) { Execute(str); }).exec(); });
     AddCommand(*pMenu, tr("&Crop to Selection"), {}, "crop-to-selection");
+    AddCommand(*pMenu, tr("Turn &Left"), {QKeySequence(tr("Ctrl+["))}, "turn-left");
+    AddCommand(*pMenu, tr("&Turn Right"), {QKeySequence(tr("Ctrl+]"))}, "turn-right");
+    AddCommand(*pMenu, tr("&Mirror"), {}, "mirror");
+    AddCommand(*pMenu, tr("&Flip"), {}, "flip");
     AddCommand(*pMenu, tr("&Revert to Original"), {}, "revert");
 }
 

@@ -458,6 +458,21 @@ TEST_F(RetoucherTest, CroppingTakesTheSelectionAlongAndIsOneStep)
     EXPECT_EQ(Pixel(200, 150), 100);
     Do("undo");
     EXPECT_EQ(size() + " " + Box() + " " + retoucher.State().strUndo, "100x80 10,10,60,50 Crop");
+    Do("turn-right");
+    EXPECT_EQ(size() + " " + Box(), "80x100 30,10,70,60");
+    EXPECT_EQ(Pixel(59, 20), 7);
+    Do("mirror");
+    EXPECT_EQ(Box(), "10,10,50,60");
+    Do("straighten -90 whole");
+    EXPECT_EQ(size(), "80x100");
+    EXPECT_NE(Refusal("straighten nan crop"), "done");
+    Do("tool straighten");
+    Drag({10, 20}, {60, 30});
+    EXPECT_EQ(retoucher.State().strUndo, "Straighten");
+    EXPECT_LT(retoucher.State().szPhoto.cx, 80);
+    Drag({10, 20}, {10, 20}); // A click turns nothing.
+    Do("undo");
+    EXPECT_EQ(size(), "80x100");
 }
 
 } // namespace

@@ -1,11 +1,9 @@
-#include "program/RepairTools.h"
+#include "program/PointTools.h"
 
 #include "document/Document.h"
 #include "program/ToolBox.h"
 #include "tools/ColorPicker.h"
 #include "tools/HoriLinePen.h"
-#include "tools/RedeyeReduction.h"
-#include "tools/SpotRemover.h"
 
 #include <cstdio>
 #include <QtGlobal>
@@ -16,20 +14,6 @@ namespace
 
 using namespace Pixtane::EmbeddedTool;
 using Embedded = Pixtane::CPixtane::IEmbeddedTool;
-
-/// The library's frame for red eyes, with an amount that most eyes need.
-class CRedeyeTool : public RedeyeReduction
-{
-public:
-    CRedeyeTool() { SetDarkenAmount(60); }
-};
-
-/// The spot remover, with a size that can be seen.
-class CSpotTool : public SpotRemover
-{
-public:
-    CSpotTool() { SetSize(40); }
-};
 
 /// The horizon line, and whether what has no picture after the turn is cut off.
 class CHorizonTool : public HoriLinePen
@@ -55,38 +39,6 @@ std::string Command(const char* pszWord, std::initializer_list<int> vNumbers)
 }
 
 } // namespace
-
-const ToolOption SPOT_SIZE = {"spot-size",
-                              "PIXELS",
-                              QT_TRANSLATE_NOOP("Tool", " &Size "),
-                              QT_TRANSLATE_NOOP("Tool", " px"),
-                              QT_TRANSLATE_NOOP("Tool", "The spot's diameter in the photo's pixels"),
-                              1,
-                              SpotRemover::MAX_SIZE,
-                              {},
-                              [](const CToolBox& tools) { return tools.Embedded<CSpotTool>().GetSize(); },
-                              [](ProgramParts& parts, int iSize)
-                              {
-                                  parts.tools.Embedded<CSpotTool>().SetSize(iSize);
-                                  parts.view.Invalidate(FALSE); // The outline follows.
-                              },
-                              "[",
-                              "]"};
-
-const ToolOption REDEYE_AMOUNT = {"red-eye-amount",
-                                  "PERCENT",
-                                  QT_TRANSLATE_NOOP("Tool", " &Amount "),
-                                  QT_TRANSLATE_NOOP("Tool", " %"),
-                                  QT_TRANSLATE_NOOP("Tool", "How much of the pupil's red goes"),
-                                  1,
-                                  100,
-                                  {},
-                                  [](const CToolBox& tools) { return tools.Embedded<CRedeyeTool>().GetDarkenAmount(); },
-                                  [](ProgramParts& parts, int iAmount)
-                                  { parts.tools.Embedded<CRedeyeTool>().SetDarkenAmount(iAmount); },
-                                  "",
-                                  "",
-                                  true};
 
 const ToolOption HORIZON_CROP = {"horizon",
                                  "CORNERS",
@@ -121,36 +73,8 @@ const ToolOption SAMPLE_SIZE = {
     [](const CToolBox& tools) { return tools.Embedded<CPickerTool>().iSample; },
     [](ProgramParts& parts, int iSample) { parts.tools.Embedded<CPickerTool>().iSample = iSample; }};
 
-Embedded& PrepareSpot(CToolBox& tools) { return tools.Embedded<CSpotTool>(); }
-Embedded& PrepareRedeye(CToolBox& tools) { return tools.Embedded<CRedeyeTool>(); }
 Embedded& PrepareHorizon(CToolBox& tools) { return tools.Embedded<CHorizonTool>(); }
 Embedded& PreparePicker(CToolBox& tools) { return tools.Embedded<CPickerTool>(); }
-
-void MeasureSpot(CToolBox& tools)
-{
-    CSpotTool& tool = tools.Embedded<CSpotTool>();
-    tool.SetSize(tool.GetSize());
-}
-
-std::string SpotCommand(ProgramParts& parts)
-{
-    const CSpotTool& tool = parts.tools.Embedded<CSpotTool>();
-    const CPoint pt = tool.GetSpotPos();
-    const CRect rcPhoto(0, 0, parts.view.iBmpWidth(), parts.view.iBmpHeight());
-    return rcPhoto.PtInRect(pt) ? Command("heal", {pt.x, pt.y, tool.GetSize()}) : "";
-}
-
-std::string RedeyeCommand(ProgramParts& parts)
-{
-    CRedeyeTool& tool = parts.tools.Embedded<CRedeyeTool>();
-    CRect rc = tool.GetDetectRect();
-    rc.NormalizeRect();
-    ++rc.right; // Its sides are the last pixels.
-    ++rc.bottom;
-    if (!rc.IntersectRect(CRect(rc), CRect(0, 0, parts.view.iBmpWidth(), parts.view.iBmpHeight())))
-        return {};
-    return Command("red-eye", {rc.left, rc.top, rc.Width(), rc.Height(), tool.GetDarkenAmount()});
-}
 
 std::string HorizonCommand(ProgramParts& parts)
 {

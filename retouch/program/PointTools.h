@@ -1,0 +1,19 @@
+#pragma once
+
+#include "program/ProgramParts.h"
+#include "program/Tool.h"
+
+#include <string>
+
+// What the rows of the tools for the horizon and for colours are made of.
+
+extern const ToolOption HORIZON_CROP;
+extern const ToolOption SAMPLE_SIZE;
+
+Pixtane::CPixtane::IEmbeddedTool& PrepareHorizon(CToolBox& tools);
+Pixtane::CPixtane::IEmbeddedTool& PreparePicker(CToolBox& tools);
+
+// The commands that they stand for.
+std::string HorizonCommand(ProgramParts& parts);
+std::string PickBegins(ProgramParts& parts);
+std::string PickCommand(ProgramParts& parts);
