@@ -83,6 +83,7 @@ private:
     /// The numbers in the status bar, those worth least first.
     enum StatusText : int
     {
+        TEXT_PICKED,
         TEXT_COLOUR,
         TEXT_SELECTION,
         TEXT_POSITION,

@@ -11,6 +11,7 @@
 #include "window/WorkBar.h"
 
 #include <algorithm>
+#include <QColor>
 #include <QCoreApplication>
 #include <QInputDialog>
 #include <QLabel>
@@ -221,6 +222,13 @@ void CMainWindow::Refresh()
     m_pCancel->setEnabled(state.work.has_value());
     m_pWork->Show(state);
     const CRect rcBox = state.frame.value_or(state.rcSelection);
+    if (state.picked)
+    {
+        const QString strColour =
+            QColor(GetRValue(*state.picked), GetGValue(*state.picked), GetBValue(*state.picked)).name();
+        m_pTexts->SetText(TEXT_PICKED, QString("<span style=\"background-color:%1\">&nbsp; &nbsp; &nbsp;</span> %2")
+                                           .arg(strColour, tr("Picked %1").arg(strColour)));
+    }
     m_pTexts->SetText(TEXT_SELECTION, rcBox.IsRectEmpty() ? QString()
                                                           : tr("Selection %L1 \u00D7 %L2 at %L3, %L4")
                                                                 .arg(rcBox.Width())
