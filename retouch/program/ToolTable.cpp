@@ -182,6 +182,9 @@ constexpr TourStop EFFECT_TOUR[] = {
     {"blurred", "show-outline; select-none; brush-size 160; press 100 200; move 500 250; move 900 200; release"},
     {"mosaic", "effect mosaic; press 300 600; move 700 600; release"}};
 
+constexpr TourStop STRAIGHTEN_TOUR[] = {{"horizon-being-drawn", "press 100 600; move 900 560"},
+                                        {"straightened", "release"}};
+
 const Tool TOOLS[] = {
     {.pszWord = "hand",
      .pszText = QT_TRANSLATE_NOOP("Tool", "Hand"),
@@ -301,7 +304,8 @@ const Tool TOOLS[] = {
      .icon = {"M 2 15 L 22 9 M 2 20 L 22 20 M 5 17 L 5 20 M 12 17 L 12 20 M 19 17 L 19 20"},
      .vOptions = HORIZON_OPTIONS,
      .pPrepare = &PrepareHorizon,
-     .vCommands = HORIZON_COMMANDS},
+     .vCommands = HORIZON_COMMANDS,
+     .vTour = STRAIGHTEN_TOUR},
     {.pszWord = "picker",
      .pszText = QT_TRANSLATE_NOOP("Tool", "Colour picker"),
      .pszKey = "I",
