@@ -36,6 +36,14 @@ const Argument HEIGHT = {"HEIGHT", Argument::Kind::Number, 1, ANY};
 int Number(const Values& vValues, std::size_t i) { return std::get<int>(vValues[i]); }
 const std::string& Text(const Values& vValues, std::size_t i) { return std::get<std::string>(vValues[i]); }
 
+/// A place and a size, as the first four arguments; far beyond any photo it is cut off.
+CRect RectOf(const Values& vValues)
+{
+    constexpr int FAR = 1 << 28;
+    const CPoint pt(std::min(Number(vValues, 0), FAR), std::min(Number(vValues, 1), FAR));
+    return {pt, CSize(std::min(Number(vValues, 2), FAR), std::min(Number(vValues, 3), FAR))};
+}
+
 /// What cannot fail and takes no arguments.
 Command::Do Simply(void (*pDo)(P& parts))
 {
@@ -174,13 +182,13 @@ std::vector<Command> PhotoCommands()
              return true;
          }},
         {"end-preview", {}, Simply([](P& parts) { parts.presenter.EndPreview(); })},
+        {"red-eye",
+         {PLACE_X, PLACE_Y, WIDTH, HEIGHT, {"AMOUNT", Argument::Kind::Number, 1, 100}},
+         AsJob([](P& parts, const Values& v) { return RedeyeJob(parts, RectOf(v), Number(v, 4)); })},
         {"crop",
          {PLACE_X, PLACE_Y, WIDTH, HEIGHT},
-         Command::Prepare(
-             [](P& parts, const Values& v, std::string& strError) {
-                 return CropJob(parts, {CPoint(Number(v, 0), Number(v, 1)), CSize(Number(v, 2), Number(v, 3))},
-                                strError);
-             })},
+         Command::Prepare([](P& parts, const Values& v, std::string& strError)
+                          { return CropJob(parts, RectOf(v), strError); })},
         {"crop-to-selection",
          {},
          Command::Prepare([](P& parts, const Values&, std::string& strError)

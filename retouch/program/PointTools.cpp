@@ -4,6 +4,7 @@
 #include "program/ToolBox.h"
 #include "tools/ColorPicker.h"
 #include "tools/HoriLinePen.h"
+#include "tools/RedeyeReduction.h"
 
 #include <cstdio>
 #include <QtGlobal>
@@ -14,6 +15,13 @@ namespace
 
 using namespace Pixtane::EmbeddedTool;
 using Embedded = Pixtane::CPixtane::IEmbeddedTool;
+
+/// The library's frame for red eyes, with an amount that most eyes need.
+class CRedeyeTool : public RedeyeReduction
+{
+public:
+    CRedeyeTool() { SetDarkenAmount(60); }
+};
 
 /// The horizon line, and whether what has no picture after the turn is cut off.
 class CHorizonTool : public HoriLinePen
@@ -39,6 +47,21 @@ std::string Command(const char* pszWord, std::initializer_list<int> vNumbers)
 }
 
 } // namespace
+
+const ToolOption REDEYE_AMOUNT = {"red-eye-amount",
+                                  "PERCENT",
+                                  QT_TRANSLATE_NOOP("Tool", " &Amount "),
+                                  QT_TRANSLATE_NOOP("Tool", " %"),
+                                  QT_TRANSLATE_NOOP("Tool", "How much of the pupil's red goes"),
+                                  1,
+                                  100,
+                                  {},
+                                  [](const CToolBox& tools) { return tools.Embedded<CRedeyeTool>().GetDarkenAmount(); },
+                                  [](ProgramParts& parts, int iAmount)
+                                  { parts.tools.Embedded<CRedeyeTool>().SetDarkenAmount(iAmount); },
+                                  "",
+                                  "",
+                                  true};
 
 const ToolOption HORIZON_CROP = {"horizon",
                                  "CORNERS",
@@ -73,8 +96,21 @@ const ToolOption SAMPLE_SIZE = {
     [](const CToolBox& tools) { return tools.Embedded<CPickerTool>().iSample; },
     [](ProgramParts& parts, int iSample) { parts.tools.Embedded<CPickerTool>().iSample = iSample; }};
 
+Embedded& PrepareRedeye(CToolBox& tools) { return tools.Embedded<CRedeyeTool>(); }
 Embedded& PrepareHorizon(CToolBox& tools) { return tools.Embedded<CHorizonTool>(); }
 Embedded& PreparePicker(CToolBox& tools) { return tools.Embedded<CPickerTool>(); }
+
+std::string RedeyeCommand(ProgramParts& parts)
+{
+    CRedeyeTool& tool = parts.tools.Embedded<CRedeyeTool>();
+    CRect rc = tool.GetDetectRect();
+    rc.NormalizeRect();
+    ++rc.right; // Its sides are the last pixels.
+    ++rc.bottom;
+    if (!rc.IntersectRect(CRect(rc), CRect(0, 0, parts.view.iBmpWidth(), parts.view.iBmpHeight())))
+        return {};
+    return Command("red-eye", {rc.left, rc.top, rc.Width(), rc.Height(), tool.GetDarkenAmount()});
+}
 
 std::string HorizonCommand(ProgramParts& parts)
 {

@@ -119,9 +119,11 @@ constexpr StepName DODGE_STROKES[] = {{Pixtane::PVN_DODGE_END, QT_TRANSLATE_NOOP
                                       {Pixtane::PVN_BURN_END, QT_TRANSLATE_NOOP("History", "Burn")}};
 constexpr StepName EFFECT_STROKES[] = {{Pixtane::PVN_EFFECTBRUSH_END, QT_TRANSLATE_NOOP("History", "Effect Brush")}};
 
+const ToolOption* const REDEYE_OPTIONS[] = {&REDEYE_AMOUNT};
 const ToolOption* const HORIZON_OPTIONS[] = {&HORIZON_CROP};
 const ToolOption* const PICKER_OPTIONS[] = {&SAMPLE_SIZE};
 
+constexpr ToolCommand REDEYE_COMMANDS[] = {{Pixtane::PVN_REDEYE_DETECT, &RedeyeCommand}};
 constexpr ToolCommand HORIZON_COMMANDS[] = {{Pixtane::PVN_HORILINE_DRAWN, &HorizonCommand}};
 constexpr ToolCommand PICKER_COMMANDS[] = {{Pixtane::PVN_COLORPICKER_COLOR, &PickBegins},
                                            {Pixtane::PVN_LBUTTONDOWN, &PickCommand},
@@ -182,6 +184,8 @@ constexpr TourStop EFFECT_TOUR[] = {
     {"blurred", "show-outline; select-none; brush-size 160; press 100 200; move 500 250; move 900 200; release"},
     {"mosaic", "effect mosaic; press 300 600; move 700 600; release"}};
 
+constexpr TourStop REDEYE_TOUR[] = {{"red-eyes-being-framed", "press 180 650; move 330 760"},
+                                    {"red-eyes-removed", "release"}};
 constexpr TourStop STRAIGHTEN_TOUR[] = {{"horizon-being-drawn", "press 100 600; move 900 560"},
                                         {"straightened", "release"}};
 
@@ -297,6 +301,16 @@ const Tool TOOLS[] = {
      .vStrokes = EFFECT_STROKES,
      .pPainter = &EffectBrushOf,
      .vTour = EFFECT_TOUR},
+    {.pszWord = "red-eye",
+     .pszText = QT_TRANSLATE_NOOP("Tool", "Red eyes"),
+     .pszKey = "Y",
+     .pszHint = QT_TRANSLATE_NOOP("Tool", "Drag a frame around an eye, or both"),
+     .icon = {"M 2 12 C 7 4 17 4 22 12 C 17 20 7 20 2 12 Z E 8 8 8 8 E 11 11 2 2"},
+     .vOptions = REDEYE_OPTIONS,
+     .pszSettings = "redEyeSettings",
+     .pPrepare = &PrepareRedeye,
+     .vCommands = REDEYE_COMMANDS,
+     .vTour = REDEYE_TOUR},
     {.pszWord = "straighten",
      .pszText = QT_TRANSLATE_NOOP("Tool", "Straighten"),
      .pszKey = "G",
