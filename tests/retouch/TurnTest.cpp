@@ -1,7 +1,11 @@
 #include "pixels/Turn.h"
+#include "pixels/Straighten.h"
 
 #include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
+#include <numbers>
 #include <random>
 
 namespace
@@ -40,6 +44,14 @@ Picture Turned(const Picture& source, Turn turn)
     Picture target(TurnedSize(source.size, turn));
     CProgress progress;
     EXPECT_TRUE(TurnPicture(source.View(), target.View(), turn, progress));
+    return target;
+}
+
+Picture Straightened(const Picture& source, PixelSize size, double dAngle)
+{
+    Picture target(size);
+    CProgress progress;
+    EXPECT_TRUE(Straighten(source.View(), target.View(), dAngle, progress));
     return target;
 }
 
@@ -100,7 +112,86 @@ TEST(TurnTest, EveryPixelOfAPictureAndAMaskGoesToItsPlace)
     }
 }
 
-TEST(TurnTest, CancelledWorkSaysSo)
+TEST(TurnTest, RotatingByQuartersIsTheTurn)
+{
+    for (const PixelSize size : SIZES)
+    {
+        const Picture before = Noise(size);
+        const PixelSize upright = TurnedSize(size, Turn::Left);
+        EXPECT_EQ(Straightened(before, size, 0), before);
+        EXPECT_EQ(Straightened(before, upright, 90), Turned(before, Turn::Right));
+        EXPECT_EQ(Straightened(before, upright, -90 - 360e6), Turned(before, Turn::Left));
+        EXPECT_EQ(Straightened(before, size, 540), Turned(before, Turn::Around));
+        EXPECT_EQ(InscribedSize(size.cx, size.cy, -270), upright);
+        EXPECT_EQ(InscribedSize(size.cx, size.cy, 180), size);
+        for (const double dAngle : {-30.0, 0.01, 45.0, 89.0})
+            EXPECT_EQ(Straightened(Picture(size, 201), size, dAngle), Picture(size, 201)) << dAngle;
+    }
+}
+
+/// Where the brightness passes the middle from the top down or from left to right, between pixels.
+double EdgePlace(const Picture& picture, int iAcross, bool bLevel)
+{
+    const auto value = [&](int i) { return *(bLevel ? picture.At(iAcross, i) : picture.At(i, iAcross)); };
+    int i = 1;
+    while (value(i) < 128)
+        ++i;
+    return i - (value(i) - 127.5) / (value(i) - value(i - 1));
+}
+
+TEST(TurnTest, ATiltedEdgeComesOutStraight)
+{
+    constexpr PixelSize SIZE = {400, 300};
+    for (const double dAngle : {0.7, 2.3, 5.0, 12.0, -0.7, -2.3, -5.0, -12.0})
+    {
+        for (const bool bLevel : {true, false})
+        {
+            // The angle by which the edge stands counter-clockwise, through a point beside the centre.
+            const double dTilt = dAngle * std::numbers::pi / 180;
+            Picture tilted(SIZE);
+            for (int i = 0; i < SIZE.cx * SIZE.cy; ++i)
+            {
+                const double dRight = i % SIZE.cx - (SIZE.cx - 1) / 2.0;
+                const double dDown = i / SIZE.cx - (SIZE.cy - 1) / 2.0;
+                const double dBeyond = bLevel ? dDown * std::cos(dTilt) + dRight * std::sin(dTilt)
+                                              : dRight * std::cos(dTilt) - dDown * std::sin(dTilt);
+                const double dValue = std::clamp(0.5 + dBeyond - 20, 0.0, 1.0) * 255;
+                std::fill_n(tilted.At(i % SIZE.cx, i / SIZE.cx), 4, static_cast<std::uint8_t>(dValue + 0.5));
+            }
+            for (const PixelSize size : {SIZE, InscribedSize(SIZE.cx, SIZE.cy, dAngle)})
+            {
+                const Picture straight = Straightened(tilted, size, dAngle);
+                const int nLength = bLevel ? size.cx : size.cy;
+                for (int i = nLength / 10; i < nLength * 9 / 10; ++i)
+                    ASSERT_NEAR(EdgePlace(straight, i, bLevel), ((bLevel ? size.cy : size.cx) - 1) / 2.0 + 20, 0.15)
+                        << dAngle << " " << bLevel << " " << i;
+            }
+        }
+    }
+}
+
+TEST(TurnTest, TheInscribedRectangleTouchesWhatLiesAroundAndTakesNoneOfIt)
+{
+    constexpr int AROUND = 4;
+    const PixelSize CASES[] = {{400, 300}, {300, 400}, {301, 301}, {500, 40}, {41, 500}};
+    for (const PixelSize size : CASES)
+    {
+        Picture marked({size.cx + 2 * AROUND, size.cy + 2 * AROUND}, 255);
+        for (int y = 0; y < size.cy; ++y)
+            std::fill_n(marked.At(AROUND, AROUND + y), 4 * size.cx, std::uint8_t{0});
+        for (const double dAngle : {0.0, 0.7, -3.0, 12.0, 30.0, 45.0, -60.0, 88.0, 135.0, 3605.0})
+        {
+            const PixelSize inner = InscribedSize(size.cx, size.cy, dAngle);
+            const Picture inside = Straightened(marked, inner, dAngle);
+            // Two pixels of small negative weight give a little in the corners.
+            EXPECT_LE(std::ranges::max(inside.vBytes), 2) << size.cx << " " << size.cy << " " << dAngle;
+            for (const PixelSize more : {PixelSize{inner.cx * 6 / 5, inner.cy}, PixelSize{inner.cx, inner.cy * 6 / 5}})
+                EXPECT_GT(std::ranges::max(Straightened(marked, more, dAngle).vBytes), 20) << dAngle;
+        }
+    }
+}
+
+TEST(TurnTest, CancelledWorkAndAnglesThatAreNoneAreRefused)
 {
     const Picture before = Noise({300, 200});
     Picture target(before.size);
@@ -109,6 +200,14 @@ TEST(TurnTest, CancelledWorkSaysSo)
     cancelled.Cancel();
     EXPECT_FALSE(TurnPicture(before.View(), target.View(), Turn::Around, cancelled));
     EXPECT_FALSE(TurnMask(before.vBytes, 300, mask, Turn::Left, cancelled));
+    EXPECT_FALSE(Straighten(before.View(), target.View(), 3, cancelled));
+    for (const double dAngle : {std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
+                                std::numeric_limits<double>::quiet_NaN()})
+    {
+        CProgress progress;
+        EXPECT_FALSE(Straighten(before.View(), target.View(), dAngle, progress));
+        EXPECT_EQ(InscribedSize(300, 200, dAngle), PixelSize{});
+    }
     EXPECT_EQ(target, Picture(before.size));
 }
 
