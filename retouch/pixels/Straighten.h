@@ -1,23 +1,18 @@
 #pragma once
 
+#include "pixels/PixelSize.h"
 #include "pixels/PixelView.h"
 #include "pixels/Progress.h"
 
-/// A picture's size.
-struct PixelSize
-{
-    int cx, cy;
-};
+/// The largest upright rectangle about the centre of a picture that has been rotated about it which the picture fills,
+/// in whole pixels and at least one each way; 0 x 0 for an angle that is not finite. The largest rectangle in a convex
+/// polygon touches it with two or more corners (Alt, Hsu and Snoeyink, Computing the largest inscribed isothetic
+/// rectangle, 1995): here two corners on the long sides, or all four on all sides.
+PixelSize InscribedSize(int cx, int cy, double dAngleDegrees);
 
-/// The largest rectangle of level sides that lies inside a rectangle turned by an angle in degrees, at least one pixel.
-/// With a = |sin|, b = |cos|: where the longer side is less than twice the shorter one's share of it, its corners lie
-/// on all four sides; otherwise two of them touch the middle of the longer sides. The two cases follow from the
-/// distance of the corners from the turned sides.
-PixelSize InscribedSize(PixelSize size, double dDegrees);
-
-/// Turns a picture about its middle by an angle in degrees, clockwise where positive, into another one of any size
-/// about the same middle. Each pixel is interpolated from 4 x 4 by cubic convolution with a = -1/2 (Keys, Cubic
-/// convolution interpolation for digital image processing, 1981); beyond the picture its edge pixels repeat, so that
-/// nothing darkens. FALSE, with the target in part written, when cancelled or when the angle is no finite number. Any
-/// thread.
-bool Straighten(PixelView source, PixelView target, double dDegrees, CProgress& progress);
+/// Rotates a picture about its centre, clockwise for positive angles, into a target of any size with the same centre,
+/// which must not overlap it. Pixels come from 4 x 4 by cubic convolution (CubicRow), all four bytes alike; beyond the
+/// source its edge pixels repeat. Where the angle is a multiple of 90 and the target has the turned size, every pixel
+/// stays as it is. The source must have a pixel. FALSE when cancelled, half done, or when the angle is not finite,
+/// nothing done. Any thread.
+bool Straighten(const PixelView& source, const PixelView& target, double dAngleDegrees, CProgress& progress);

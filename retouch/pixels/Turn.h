@@ -1,39 +1,29 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include "pixels/PixelSize.h"
+#include "pixels/PixelView.h"
+#include "pixels/Progress.h"
 
-/// How a picture is laid down anew without losing anything.
+#include <vector>
+
+/// What moves every pixel to another place and changes none.
 enum class Turn
 {
-    Left,   ///< A quarter turn, counter-clockwise.
-    Right,  ///< A quarter turn, clockwise.
-    Around, ///< Upside down by half a turn.
-    Mirror, ///< Left and right change places.
-    Flip,   ///< Top and bottom change places.
+    Left,  ///< A quarter counter-clockwise: the top right corner becomes the top left one.
+    Right, ///< A quarter clockwise.
+    Around,
+    MirrorLeftRight,
+    MirrorUpsideDown
 };
 
-/// Whether width and height change places.
-constexpr bool IsQuarterTurn(Turn eTurn) { return eTurn == Turn::Left || eTurn == Turn::Right; }
+/// The size that a picture has after a turn.
+PixelSize TurnedSize(PixelSize size, Turn turn);
 
-/// A place in a picture.
-struct PixelPlace
-{
-    int x, y;
-};
+/// Turns a picture, all four bytes of a pixel, into another of the turned size; they must not overlap or be empty.
+/// FALSE when cancelled, half done. Any thread.
+bool TurnPicture(const PixelView& source, const PixelView& target, Turn turn, CProgress& progress);
 
-/// Where the pixel comes from that lies at a place of the turned picture; cx and cy are the size before.
-PixelPlace SourceOf(Turn eTurn, PixelPlace place, int cx, int cy);
-
-/// Turns rows of cx pixels: calls move(place, source) for each pixel of the turned picture, row by row. Any thread.
-template<class F>
-void ForTurned(Turn eTurn, int cx, int cy, F move)
-{
-    const int nColumns = IsQuarterTurn(eTurn) ? cy : cx;
-    const int nRows = IsQuarterTurn(eTurn) ? cx : cy;
-    for (int y = 0; y < nRows; ++y)
-    {
-        for (int x = 0; x < nColumns; ++x)
-            move(PixelPlace{x, y}, SourceOf(eTurn, {x, y}, cx, cy));
-    }
-}
+/// Turns a mask of iWidth bytes a row into another vector, which gets its length. FALSE when cancelled, half done. Any
+/// thread.
+bool TurnMask(const std::vector<std::uint8_t>& vSource, int iWidth, std::vector<std::uint8_t>& vTarget, Turn turn,
+              CProgress& progress);

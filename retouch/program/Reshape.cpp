@@ -71,20 +71,14 @@ Picture Cropped(PixelView photo, const std::vector<BYTE>& vMask, const CRect& rc
     return picture;
 }
 
-Picture Turned(PixelView photo, const std::vector<BYTE>& vMask, Turn eTurn)
+std::optional<Picture> Turned(PixelView photo, const std::vector<BYTE>& vMask, Turn eTurn, CProgress& progress)
 {
-    const bool bQuarter = IsQuarterTurn(eTurn);
-    Picture picture = {CPhoto(bQuarter ? photo.cy : photo.cx, bQuarter ? photo.cx : photo.cy), {}};
-    picture.vMask.reserve(vMask.size());
-    ForTurned(eTurn, photo.cx, photo.cy,
-              [&](PixelPlace to, PixelPlace from)
-              {
-                  std::memcpy(picture.photo.Row(to.y) + std::ptrdiff_t{to.x} * 4,
-                              photo.Row(from.y) + std::ptrdiff_t{from.x} * 4, 4);
-                  if (!vMask.empty())
-                      picture.vMask.push_back(vMask[static_cast<std::size_t>(from.y) * photo.cx + from.x]);
-              });
-    return picture;
+    const PixelSize size = TurnedSize({photo.cx, photo.cy}, eTurn);
+    Picture picture = {CPhoto(size.cx, size.cy), {}};
+    progress.SetStages(2);
+    const bool bTurned = TurnPicture(photo, picture.photo.View(), eTurn, progress) &&
+                         (vMask.empty() || TurnMask(vMask, photo.cx, picture.vMask, eTurn, progress));
+    return bTurned ? std::optional(std::move(picture)) : std::nullopt;
 }
 
 /// The weights as a picture, so that they turn like one; what lies beyond it is not selected.
@@ -114,7 +108,7 @@ std::optional<Picture> Straightened(PixelView photo, const std::vector<BYTE>& vM
                                     CProgress& progress)
 {
     const PixelSize whole = {photo.cx, photo.cy};
-    const PixelSize size = bCrop ? InscribedSize(whole, dDegrees) : whole;
+    const PixelSize size = bCrop ? InscribedSize(photo.cx, photo.cy, dDegrees) : whole;
     Picture picture = {CPhoto(size.cx, size.cy), {}};
     progress.SetStages(vMask.empty() ? 1 : 2);
     if (!Straighten(photo, picture.photo.View(), dDegrees, progress))
@@ -128,11 +122,10 @@ std::optional<Picture> Straightened(PixelView photo, const std::vector<BYTE>& vM
 
 std::optional<Job> TurnJob(ProgramParts& parts, Turn eTurn)
 {
-    return ShapeJob(parts,
-                    IsQuarterTurn(eTurn) || eTurn == Turn::Around ? QT_TRANSLATE_NOOP("History", "Turn")
-                                                                  : QT_TRANSLATE_NOOP("History", "Mirror"),
-                    [=](PixelView photo, const std::vector<BYTE>& vMask, CProgress&)
-                    { return std::optional(Turned(photo, vMask, eTurn)); });
+    const bool bMirror = eTurn == Turn::MirrorLeftRight || eTurn == Turn::MirrorUpsideDown;
+    return ShapeJob(parts, bMirror ? QT_TRANSLATE_NOOP("History", "Mirror") : QT_TRANSLATE_NOOP("History", "Turn"),
+                    [=](PixelView photo, const std::vector<BYTE>& vMask, CProgress& progress)
+                    { return Turned(photo, vMask, eTurn, progress); });
 }
 
 std::optional<Job> StraightenJob(ProgramParts& parts, double dDegrees, bool bCrop)

@@ -1,4 +1,5 @@
 #include "pixels/AutoContrast.h"
+#include "pixels/Average.h"
 #include "pixels/BrightnessContrast.h"
 #include "pixels/Effects.h"
 #include "pixels/LargeBuffer.h"
@@ -178,6 +179,17 @@ TEST(PixelTest, EffectsDoAsTheySayAndHaveNoSeams)
             }
         }
     }
+}
+
+TEST(PixelTest, TheAverageIsThatOfThePixelsThatAreThere)
+{
+    Bytes bytes(std::size_t{CX} * CY * 4);
+    for (int i = 0; i < 9; ++i)
+        ViewOf(bytes).Row(i / 3)[i % 3 * 4 + 1] = static_cast<std::uint8_t>(10 * i);
+    EXPECT_EQ(AverageColour(ViewOf(bytes), 1, 1, 1)[1], 40);
+    EXPECT_EQ(AverageColour(ViewOf(bytes), 1, 1, 3)[1], 40);
+    EXPECT_EQ(AverageColour(ViewOf(bytes), 0, 0, 3)[1], 20);
+    EXPECT_EQ(AverageColour(ViewOf(bytes), 0, 0, 5)[1], 40);
 }
 
 } // namespace

@@ -1,150 +1,214 @@
 #include "pixels/Turn.h"
-#include "pixels/Average.h"
 #include "pixels/Straighten.h"
 
+#include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <gtest/gtest.h>
 #include <limits>
 #include <numbers>
-#include <vector>
+#include <random>
 
 namespace
 {
 
-/// A picture of its own, top row first.
+/// A bottom-up picture that compares by its bytes.
 struct Picture
 {
-    Picture(int nWidth, int nHeight, int iLevel = 0)
-        : cx(nWidth), cy(nHeight), vBytes(static_cast<std::size_t>(nWidth) * nHeight * 4)
+    explicit Picture(PixelSize szPixels, std::uint8_t uValue = 0)
+        : size(szPixels), vBytes(static_cast<std::size_t>(size.cx) * size.cy * 4, uValue)
     {
-        std::memset(vBytes.data(), iLevel, vBytes.size());
     }
-    PixelView View() { return {vBytes.data(), cx, cy, std::ptrdiff_t{cx} * 4}; }
-    int At(int x, int y) { return View().Row(y)[x * 4]; }
 
-    int cx, cy;
+    PixelView View() const
+    {
+        const std::ptrdiff_t nStride = std::ptrdiff_t{4} * size.cx;
+        return {const_cast<std::uint8_t*>(vBytes.data()) + nStride * (size.cy - 1), size.cx, size.cy, -nStride};
+    }
+    std::uint8_t* At(int x, int y) const { return View().Row(y) + std::ptrdiff_t{4} * x; }
+    bool operator==(const Picture&) const = default;
+
+    PixelSize size;
     std::vector<std::uint8_t> vBytes;
 };
 
-Picture Turned(Picture& before, Turn eTurn)
+Picture Noise(PixelSize size)
 {
-    const bool bQuarter = IsQuarterTurn(eTurn);
-    Picture after(bQuarter ? before.cy : before.cx, bQuarter ? before.cx : before.cy);
-    ForTurned(eTurn, before.cx, before.cy,
-              [&](PixelPlace to, PixelPlace from)
-              { std::memcpy(after.View().Row(to.y) + to.x * 4, before.View().Row(from.y) + from.x * 4, 4); });
-    return after;
-}
-
-/// White below a line through the middle that falls to the right by so many degrees, smoothed over a pixel.
-Picture Tilted(int cx, int cy, double dDegrees)
-{
-    Picture picture(cx, cy);
-    const double dAngle = dDegrees * std::numbers::pi / 180;
-    for (int y = 0; y < cy; ++y)
-    {
-        for (int x = 0; x < cx; ++x)
-        {
-            const double dBelow = (y - (cy - 1) / 2.0) * std::cos(dAngle) - (x - (cx - 1) / 2.0) * std::sin(dAngle);
-            const int iLevel = static_cast<int>(std::lround(std::clamp(dBelow + 0.5, 0.0, 1.0) * 255));
-            std::memset(picture.View().Row(y) + x * 4, iLevel, 4);
-        }
-    }
+    Picture picture(size);
+    std::mt19937 random(1);
+    std::ranges::generate(picture.vBytes, [&] { return static_cast<std::uint8_t>(random()); });
     return picture;
 }
 
-TEST(TurnTest, TurnsLoseNothingAndGoTheRightWay)
+Picture Turned(const Picture& source, Turn turn)
 {
-    Picture before(5, 3);
-    for (std::size_t i = 0; i < before.vBytes.size(); ++i)
-        before.vBytes[i] = static_cast<std::uint8_t>(i);
+    Picture target(TurnedSize(source.size, turn));
+    CProgress progress;
+    EXPECT_TRUE(TurnPicture(source.View(), target.View(), turn, progress));
+    return target;
+}
+
+Picture Straightened(const Picture& source, PixelSize size, double dAngle)
+{
+    Picture target(size);
+    CProgress progress;
+    EXPECT_TRUE(Straighten(source.View(), target.View(), dAngle, progress));
+    return target;
+}
+
+const PixelSize SIZES[] = {{1, 1}, {1, 7}, {7, 1}, {2, 3}, {200, 131}, {70, 333}};
+
+TEST(TurnTest, EveryPixelOfAPictureAndAMaskGoesToItsPlace)
+{
     const struct
     {
-        Turn eTurn;
-        int nTimes; ///< That come back to the beginning.
-        int x, y;   ///< Where the pixel of the left upper corner goes.
-    } CASES[] = {{Turn::Left, 4, 0, 4},
-                 {Turn::Right, 4, 2, 0},
-                 {Turn::Around, 2, 4, 2},
-                 {Turn::Mirror, 2, 4, 0},
-                 {Turn::Flip, 2, 0, 2}};
-    for (const auto& test : CASES)
+        Turn turn;
+        int nTimesToIdentity;
+        PixelSize (*pFrom)(int x, int y, PixelSize source);
+    } TURNS[] = {
+        {Turn::Left, 4,
+         [](int x, int y, PixelSize source) {
+             return PixelSize{source.cx - 1 - y, x};
+         }},
+        {Turn::Right, 4,
+         [](int x, int y, PixelSize source) {
+             return PixelSize{y, source.cy - 1 - x};
+         }},
+        {Turn::Around, 2,
+         [](int x, int y, PixelSize source) {
+             return PixelSize{source.cx - 1 - x, source.cy - 1 - y};
+         }},
+        {Turn::MirrorLeftRight, 2,
+         [](int x, int y, PixelSize source) {
+             return PixelSize{source.cx - 1 - x, y};
+         }},
+        {Turn::MirrorUpsideDown, 2,
+         [](int x, int y, PixelSize source) {
+             return PixelSize{x, source.cy - 1 - y};
+         }},
+    };
+    for (const auto& row : TURNS)
     {
-        Picture after = Turned(before, test.eTurn);
-        EXPECT_EQ(after.At(test.x, test.y), before.At(0, 0)) << static_cast<int>(test.eTurn);
-        for (int n = 1; n < test.nTimes; ++n)
-            after = Turned(after, test.eTurn);
-        EXPECT_EQ(after.vBytes, before.vBytes) << static_cast<int>(test.eTurn);
+        for (const PixelSize size : SIZES)
+        {
+            const Picture before = Noise(size);
+            const Picture once = Turned(before, row.turn);
+            const std::vector<std::uint8_t> mask(before.vBytes.begin(), before.vBytes.begin() + size.cx * size.cy);
+            std::vector<std::uint8_t> turnedMask;
+            CProgress progress;
+            EXPECT_TRUE(TurnMask(mask, size.cx, turnedMask, row.turn, progress));
+            for (int i = 0; i < size.cx * size.cy; ++i)
+            {
+                const PixelSize at = {i % once.size.cx, i / once.size.cx};
+                const PixelSize from = row.pFrom(at.cx, at.cy, size);
+                ASSERT_TRUE(std::equal(once.At(at.cx, at.cy), once.At(at.cx, at.cy) + 4, before.At(from.cx, from.cy)));
+                ASSERT_EQ(turnedMask[static_cast<std::size_t>(i)],
+                          mask[static_cast<std::size_t>(from.cy * size.cx + from.cx)]);
+            }
+            Picture again = once;
+            for (int n = 1; n < row.nTimesToIdentity; ++n)
+                again = Turned(again, row.turn);
+            EXPECT_EQ(again, before);
+        }
     }
-    // Rotating by right angles is the same.
-    CProgress progress;
-    Picture straight(3, 5);
-    EXPECT_TRUE(Straighten(before.View(), straight.View(), 90, progress));
-    EXPECT_EQ(straight.vBytes, Turned(before, Turn::Right).vBytes);
 }
 
-TEST(TurnTest, ATiltedEdgeBecomesLevelAndNothingDarkens)
+TEST(TurnTest, RotatingByQuartersIsTheTurn)
 {
-    for (const double dFalls : {-11.3, -1.7, 0.6, 4.0, 80.5, 93.1})
+    for (const PixelSize size : SIZES)
     {
-        Picture tilted = Tilted(301, 203, dFalls);
-        const double dBack = dFalls < 45 ? -dFalls : 90 - dFalls;
-        const PixelSize size = InscribedSize({301, 203}, dBack);
-        Picture straight(size.cx, size.cy);
+        const Picture before = Noise(size);
+        const PixelSize upright = TurnedSize(size, Turn::Left);
+        EXPECT_EQ(Straightened(before, size, 0), before);
+        EXPECT_EQ(Straightened(before, upright, 90), Turned(before, Turn::Right));
+        EXPECT_EQ(Straightened(before, upright, -90 - 360e6), Turned(before, Turn::Left));
+        EXPECT_EQ(Straightened(before, size, 540), Turned(before, Turn::Around));
+        EXPECT_EQ(InscribedSize(size.cx, size.cy, -270), upright);
+        EXPECT_EQ(InscribedSize(size.cx, size.cy, 180), size);
+        for (const double dAngle : {-30.0, 0.01, 45.0, 89.0})
+            EXPECT_EQ(Straightened(Picture(size, 201), size, dAngle), Picture(size, 201)) << dAngle;
+    }
+}
+
+/// Where the brightness passes the middle from the top down or from left to right, between pixels.
+double EdgePlace(const Picture& picture, int iAcross, bool bLevel)
+{
+    const auto value = [&](int i) { return *(bLevel ? picture.At(iAcross, i) : picture.At(i, iAcross)); };
+    int i = 1;
+    while (value(i) < 128)
+        ++i;
+    return i - (value(i) - 127.5) / (value(i) - value(i - 1));
+}
+
+TEST(TurnTest, ATiltedEdgeComesOutStraight)
+{
+    constexpr PixelSize SIZE = {400, 300};
+    for (const double dAngle : {0.7, 2.3, 5.0, 12.0, -0.7, -2.3, -5.0, -12.0})
+    {
+        for (const bool bLevel : {true, false})
+        {
+            // The angle by which the edge stands counter-clockwise, through a point beside the centre.
+            const double dTilt = dAngle * std::numbers::pi / 180;
+            Picture tilted(SIZE);
+            for (int i = 0; i < SIZE.cx * SIZE.cy; ++i)
+            {
+                const double dRight = i % SIZE.cx - (SIZE.cx - 1) / 2.0;
+                const double dDown = i / SIZE.cx - (SIZE.cy - 1) / 2.0;
+                const double dBeyond = bLevel ? dDown * std::cos(dTilt) + dRight * std::sin(dTilt)
+                                              : dRight * std::cos(dTilt) - dDown * std::sin(dTilt);
+                const double dValue = std::clamp(0.5 + dBeyond - 20, 0.0, 1.0) * 255;
+                std::fill_n(tilted.At(i % SIZE.cx, i / SIZE.cx), 4, static_cast<std::uint8_t>(dValue + 0.5));
+            }
+            for (const PixelSize size : {SIZE, InscribedSize(SIZE.cx, SIZE.cy, dAngle)})
+            {
+                const Picture straight = Straightened(tilted, size, dAngle);
+                const int nLength = bLevel ? size.cx : size.cy;
+                for (int i = nLength / 10; i < nLength * 9 / 10; ++i)
+                    ASSERT_NEAR(EdgePlace(straight, i, bLevel), ((bLevel ? size.cy : size.cx) - 1) / 2.0 + 20, 0.15)
+                        << dAngle << " " << bLevel << " " << i;
+            }
+        }
+    }
+}
+
+TEST(TurnTest, TheInscribedRectangleTouchesWhatLiesAroundAndTakesNoneOfIt)
+{
+    constexpr int AROUND = 4;
+    const PixelSize CASES[] = {{400, 300}, {300, 400}, {301, 301}, {500, 40}, {41, 500}};
+    for (const PixelSize size : CASES)
+    {
+        Picture marked({size.cx + 2 * AROUND, size.cy + 2 * AROUND}, 255);
+        for (int y = 0; y < size.cy; ++y)
+            std::fill_n(marked.At(AROUND, AROUND + y), 4 * size.cx, std::uint8_t{0});
+        for (const double dAngle : {0.0, 0.7, -3.0, 12.0, 30.0, 45.0, -60.0, 88.0, 135.0, 3605.0})
+        {
+            const PixelSize inner = InscribedSize(size.cx, size.cy, dAngle);
+            const Picture inside = Straightened(marked, inner, dAngle);
+            // Two pixels of small negative weight give a little in the corners.
+            EXPECT_LE(std::ranges::max(inside.vBytes), 2) << size.cx << " " << size.cy << " " << dAngle;
+            for (const PixelSize more : {PixelSize{inner.cx * 6 / 5, inner.cy}, PixelSize{inner.cx, inner.cy * 6 / 5}})
+                EXPECT_GT(std::ranges::max(Straightened(marked, more, dAngle).vBytes), 20) << dAngle;
+        }
+    }
+}
+
+TEST(TurnTest, CancelledWorkAndAnglesThatAreNoneAreRefused)
+{
+    const Picture before = Noise({300, 200});
+    Picture target(before.size);
+    std::vector<std::uint8_t> mask;
+    CProgress cancelled;
+    cancelled.Cancel();
+    EXPECT_FALSE(TurnPicture(before.View(), target.View(), Turn::Around, cancelled));
+    EXPECT_FALSE(TurnMask(before.vBytes, 300, mask, Turn::Left, cancelled));
+    EXPECT_FALSE(Straighten(before.View(), target.View(), 3, cancelled));
+    for (const double dAngle : {std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
+                                std::numeric_limits<double>::quiet_NaN()})
+    {
         CProgress progress;
-        ASSERT_TRUE(Straighten(tilted.View(), straight.View(), dBack, progress));
-        for (int i = 5; i < (dFalls < 45 ? size.cx : size.cy) - 5; ++i)
-        {
-            // The share of white along a line across the edge tells where that is.
-            double dWhite = 0;
-            const int nAcross = dFalls < 45 ? size.cy : size.cx;
-            for (int j = 0; j < nAcross; ++j)
-                dWhite += (dFalls < 45 ? straight.At(i, j) : straight.At(j, i)) / 255.0;
-            EXPECT_NEAR(dWhite, nAcross / 2.0, 0.5) << dFalls << " at " << i;
-        }
+        EXPECT_FALSE(Straighten(before.View(), target.View(), dAngle, progress));
+        EXPECT_EQ(InscribedSize(300, 200, dAngle), PixelSize{});
     }
-    Picture even(40, 30, 93);
-    Picture turned(40, 30);
-    CProgress progress;
-    EXPECT_TRUE(Straighten(even.View(), turned.View(), 33, progress));
-    EXPECT_EQ(turned.vBytes, even.vBytes);
-}
-
-TEST(TurnTest, TheInscribedRectangleLiesInsideAndTouches)
-{
-    for (const PixelSize size : {PixelSize{400, 300}, {300, 400}, {1000, 10}, {1, 1}, {1, 500}})
-    {
-        for (const double dDegrees : {0.0, 0.5, -7.0, 30.0, 45.0, 61.0, 90.0, 178.0})
-        {
-            const PixelSize inside = InscribedSize(size, dDegrees);
-            const double dAngle = dDegrees * std::numbers::pi / 180;
-            const double dSin = std::abs(std::sin(dAngle)), dCos = std::abs(std::cos(dAngle));
-            const double dAcross = inside.cx * dCos + inside.cy * dSin;
-            const double dDown = inside.cx * dSin + inside.cy * dCos;
-            const bool bSmallest = inside.cx == 1 || inside.cy == 1;
-            EXPECT_TRUE(bSmallest || (dAcross <= size.cx + 0.01 && dDown <= size.cy + 0.01)) << dDegrees;
-            EXPECT_TRUE(bSmallest || dAcross > size.cx - 3 || dDown > size.cy - 3) << dDegrees;
-        }
-    }
-    Picture one(1, 1, 77), to(1, 1);
-    CProgress progress;
-    EXPECT_TRUE(Straighten(one.View(), to.View(), 12, progress));
-    EXPECT_EQ(to.vBytes, one.vBytes);
-    EXPECT_FALSE(Straighten(one.View(), to.View(), std::numeric_limits<double>::quiet_NaN(), progress));
-    progress.Cancel();
-    EXPECT_FALSE(Straighten(one.View(), to.View(), 12, progress));
-}
-
-TEST(TurnTest, TheAverageIsThatOfThePixelsThatAreThere)
-{
-    Picture picture(3, 3);
-    for (int i = 0; i < 9; ++i)
-        picture.vBytes[static_cast<std::size_t>(i) * 4 + 1] = static_cast<std::uint8_t>(10 * i);
-    EXPECT_EQ(AverageColour(picture.View(), 1, 1, 1)[1], 40);
-    EXPECT_EQ(AverageColour(picture.View(), 1, 1, 3)[1], 40);
-    EXPECT_EQ(AverageColour(picture.View(), 0, 0, 3)[1], 20);
-    EXPECT_EQ(AverageColour(picture.View(), 2, 2, 5)[1], 40);
+    EXPECT_EQ(target, Picture(before.size));
 }
 
 } // namespace
