@@ -5,6 +5,7 @@
 #include "window/RecentFiles.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
 #include <QApplication>
@@ -205,7 +206,9 @@ TEST_F(RealWindowTest, WheelButtonsAndKeysScrollAndFittingGoesOn)
     const auto [xTurned, yTurned] = pos();
     const QPoint ptTo = OnScreen() + QPoint(250, 230);
     Xdo({"mousedown", "2", "mousemove", QString::number(ptTo.x()), QString::number(ptTo.y()), "mouseup", "2"});
-    ASSERT_TRUE(WaitFor([&] { return pos() == std::pair(xTurned + 50, yTurned - 30); }));
+    // Where a window manager puts the window between two of Qt's pixels, a place may be rounded to either side.
+    const auto isNear = [](int iThere, int iWanted) { return std::abs(iThere - iWanted) <= 1; };
+    ASSERT_TRUE(WaitFor([&] { return isNear(pos().first, xTurned + 50) && isNear(pos().second, yTurned - 30); }));
     Xdo({"key", "Home"});
     ASSERT_TRUE(WaitFor([&] { return pos().second == 0; }));
     Xdo({"key", "Next"});
