@@ -50,6 +50,22 @@ bool CDocument::Commit(Pixels& pixels, const std::string& strStep)
     return bStep;
 }
 
+CLargeBuffer CDocument::CopyArea(const CRect& rc)
+{
+    CLargeBuffer copy(m_photo->ByteCount());
+    constexpr int TILE = CTiledSnapshot::TILE_SIDE;
+    CRect rcTiles = rc;
+    rcTiles.InflateRect(TILE, TILE);
+    if (!rcTiles.IntersectRect(CRect(rcTiles), CRect(0, 0, m_photo->Width(), m_photo->Height())))
+        return copy;
+    const auto nBytes = static_cast<std::size_t>(rcTiles.Width()) * 4;
+    const PixelView target = m_photo->ViewOf(copy);
+    for (int y = rcTiles.top; y < rcTiles.bottom; ++y)
+        std::memcpy(target.Row(y) + std::ptrdiff_t{rcTiles.left} * 4,
+                    m_photo->Row(y) + std::ptrdiff_t{rcTiles.left} * 4, nBytes);
+    return copy;
+}
+
 bool CDocument::CommitArea(const BYTE* pPixels, const CRect& rc, const std::string& strStep)
 {
     CRect rcInside(0, 0, m_photo->Width(), m_photo->Height());

@@ -12,6 +12,8 @@
 class CTiledSnapshot
 {
 public:
+    static constexpr int TILE_SIDE = 64; ///< In pixels of 4 bytes.
+
     CTiledSnapshot() = default;
 
     /// Has no tile yet of a picture of nRows rows of nRow bytes.
@@ -57,8 +59,8 @@ public:
 
 private:
     // Low ones: a stroke along the rows then keeps little beside itself.
-    static constexpr std::size_t TILE_ROWS = 64;
-    static constexpr std::size_t TILE_BYTES = 256; ///< A row.
+    static constexpr std::size_t TILE_ROWS = TILE_SIDE;
+    static constexpr std::size_t TILE_BYTES = TILE_SIDE * 4; ///< A row.
 
     /// Row by row; one byte for a tile of one value.
     using Tile = std::vector<BYTE>;

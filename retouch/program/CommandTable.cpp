@@ -3,6 +3,7 @@
 #include "document/Message.h"
 #include "host/ViewHost.h"
 #include "pixels/Average.h"
+#include "program/AreaWork.h"
 #include "program/Brushes.h"
 #include "program/ColourPick.h"
 #include "program/Limits.h"
@@ -30,18 +31,26 @@ const Argument LEVELS = {"LEVELS", Argument::Kind::Number, -100, 100};
 const Argument PERCENT = {"PERCENT", Argument::Kind::Number, -100, 100};
 const Argument PLACE_X = {"X", Argument::Kind::Number, 0, ANY};
 const Argument PLACE_Y = {"Y", Argument::Kind::Number, 0, ANY};
+const Argument ANY_X = {"X", Argument::Kind::Number, -ANY, ANY};
+const Argument ANY_Y = {"Y", Argument::Kind::Number, -ANY, ANY};
 const Argument WIDTH = {"WIDTH", Argument::Kind::Number, 1, ANY};
 const Argument HEIGHT = {"HEIGHT", Argument::Kind::Number, 1, ANY};
 
 int Number(const Values& vValues, std::size_t i) { return std::get<int>(vValues[i]); }
 const std::string& Text(const Values& vValues, std::size_t i) { return std::get<std::string>(vValues[i]); }
 
+constexpr int FAR = 1 << 28; ///< Beyond any photo.
+
 /// A place and a size, as the first four arguments; far beyond any photo it is cut off.
 CRect RectOf(const Values& vValues)
 {
-    constexpr int FAR = 1 << 28;
     const CPoint pt(std::min(Number(vValues, 0), FAR), std::min(Number(vValues, 1), FAR));
     return {pt, CSize(std::min(Number(vValues, 2), FAR), std::min(Number(vValues, 3), FAR))};
+}
+
+Spot SpotOf(const Values& vValues)
+{
+    return {std::clamp(Number(vValues, 0), -FAR, FAR), std::clamp(Number(vValues, 1), -FAR, FAR), Number(vValues, 2)};
 }
 
 /// What cannot fail and takes no arguments.
@@ -185,6 +194,9 @@ std::vector<Command> PhotoCommands()
         {"red-eye",
          {PLACE_X, PLACE_Y, WIDTH, HEIGHT, {"AMOUNT", Argument::Kind::Number, 1, 100}},
          AsJob([](P& parts, const Values& v) { return RedeyeJob(parts, RectOf(v), Number(v, 4)); })},
+        {"heal",
+         {ANY_X, ANY_Y, {"SIZE", Argument::Kind::Number, 1, LARGEST_SPOT}},
+         AsJob([](P& parts, const Values& v) { return HealJob(parts, SpotOf(v)); })},
         {"crop",
          {PLACE_X, PLACE_Y, WIDTH, HEIGHT},
          Command::Prepare([](P& parts, const Values& v, std::string& strError)

@@ -6,7 +6,6 @@
 #include "pixels/AutoContrast.h"
 #include "pixels/Bands.h"
 #include "pixels/MaskDistance.h"
-#include "pixels/RedEye.h"
 #include "platform/vorpix.h"
 #include "program/Selection.h"
 
@@ -140,17 +139,6 @@ std::optional<Job> BrightnessContrastJob(ProgramParts& parts, BrightnessContrast
     return PixelJob(parts, QT_TRANSLATE_NOOP("History", "Brightness and Contrast"),
                     [=](PixelView pixels, CProgress& progress)
                     { return AdjustBrightnessContrast(pixels, WeightsOf(vMask, pixels.cx), settings, progress); });
-}
-
-std::optional<Job> RedeyeJob(ProgramParts& parts, const CRect& rc, int iAmount)
-{
-    const auto vMask = parts.selection.IsThere() ? parts.selection.Mask() : std::vector<BYTE>();
-    return PixelJob(parts, QT_TRANSLATE_NOOP("History", "Remove Red Eyes"),
-                    [=](PixelView pixels, CProgress& progress)
-                    {
-                        const MaskView weights = {vMask.empty() ? nullptr : vMask.data(), pixels.cx};
-                        return RemoveRedEye(pixels, weights, {rc.left, rc.top, rc.right, rc.bottom}, iAmount, progress);
-                    });
 }
 
 std::optional<Job> RevertPixelsJob(ProgramParts& parts, const char* pszStep)

@@ -17,9 +17,6 @@ Job OpenSampleJob(ProgramParts& parts);
 
 std::optional<Job> AutoContrastJob(ProgramParts& parts);
 std::optional<Job> BrightnessContrastJob(ProgramParts& parts, BrightnessContrast settings);
-/// Takes the red out of the pupils in a rectangle, bitmap pixels, by a percentage, as far as the selection
-/// says.
-std::optional<Job> RedeyeJob(ProgramParts& parts, const CRect& rc, int iAmount);
 
 /// Puts the pixels back that were opened; the photo must have their size.
 std::optional<Job> RevertPixelsJob(ProgramParts& parts, const char* pszStep);
