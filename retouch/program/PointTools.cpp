@@ -1,10 +1,13 @@
 #include "program/PointTools.h"
 
 #include "document/Document.h"
+#include "pixels/Spot.h"
+#include "program/Limits.h"
 #include "program/ToolBox.h"
 #include "tools/ColorPicker.h"
 #include "tools/HoriLinePen.h"
 #include "tools/RedeyeReduction.h"
+#include "tools/SpotRemover.h"
 
 #include <cstdio>
 #include <QtGlobal>
@@ -28,6 +31,24 @@ class CHorizonTool : public HoriLinePen
 {
 public:
     int iCrop = TRUE;
+};
+
+/// The library's spot, whose outline has its size from the beginning: the library measures it with the next zoom.
+class CSpotTool : public SpotRemover
+{
+public:
+    int OnLoad(Pixtane::CPixtane& view) override
+    {
+        const int iLoaded = SpotRemover::OnLoad(view);
+        SetSize(GetSize());
+        return iLoaded;
+    }
+    int UnserializeToolSettings(const std::vector<BYTE>& vData) override
+    {
+        const int iRead = SpotRemover::UnserializeToolSettings(vData);
+        SetSize(GetSize());
+        return iRead;
+    }
 };
 
 /// The colour picker, and over how many pixels it averages.
@@ -82,6 +103,25 @@ const ToolOption HORIZON_CROP = {"horizon",
                                  [](ProgramParts& parts, int iCrop)
                                  { parts.tools.Embedded<CHorizonTool>().iCrop = iCrop; }};
 
+static_assert(LARGEST_SPOT == SpotRemover::MAX_SIZE);
+
+const ToolOption SPOT_SIZE = {"spot-size",
+                              "PIXELS",
+                              QT_TRANSLATE_NOOP("Tool", " Si&ze "),
+                              QT_TRANSLATE_NOOP("Tool", " px"),
+                              QT_TRANSLATE_NOOP("Tool", "The spot's diameter in the photo's pixels"),
+                              1,
+                              LARGEST_SPOT,
+                              {},
+                              [](const CToolBox& tools) { return tools.Embedded<CSpotTool>().GetSize(); },
+                              [](ProgramParts& parts, int iSize)
+                              {
+                                  parts.tools.Embedded<CSpotTool>().SetSize(iSize);
+                                  parts.view.Invalidate(FALSE);
+                              },
+                              "[",
+                              "]"};
+
 const ToolOption SAMPLE_SIZE = {
     "sample",
     "PIXELS",
@@ -98,6 +138,7 @@ const ToolOption SAMPLE_SIZE = {
 
 Embedded& PrepareRedeye(CToolBox& tools) { return tools.Embedded<CRedeyeTool>(); }
 Embedded& PrepareHorizon(CToolBox& tools) { return tools.Embedded<CHorizonTool>(); }
+Embedded& PrepareSpot(CToolBox& tools) { return tools.Embedded<CSpotTool>(); }
 Embedded& PreparePicker(CToolBox& tools) { return tools.Embedded<CPickerTool>(); }
 
 std::string RedeyeCommand(ProgramParts& parts)
@@ -123,6 +164,20 @@ std::string HorizonCommand(ProgramParts& parts)
     for (char& c : szAngle)
         c = c == ',' ? '.' : c; // Commands are the same in every locale.
     return std::string("straighten ") + szAngle + " " + HORIZON_CROP.Text(tool.iCrop);
+}
+
+std::string HealCommand(ProgramParts& parts)
+{
+    const CSpotTool& tool = parts.tools.Embedded<CSpotTool>();
+    const POINT pt = tool.GetSpotPos();
+    const CRect rcReached(-LARGEST_SPOT, -LARGEST_SPOT, parts.view.iBmpWidth() + LARGEST_SPOT,
+                          parts.view.iBmpHeight() + LARGEST_SPOT);
+    if (!parts.document.Photo() || !rcReached.PtInRect(pt))
+        return {};
+    const PixelRect box = Spot{pt.x, pt.y, tool.GetSize()}.Box();
+    const bool bInside =
+        box.right > 0 && box.bottom > 0 && box.left < parts.view.iBmpWidth() && box.top < parts.view.iBmpHeight();
+    return bInside ? Command("heal", {pt.x, pt.y, tool.GetSize()}) : std::string();
 }
 
 std::string PickBegins(ProgramParts& parts)

@@ -119,10 +119,12 @@ constexpr StepName DODGE_STROKES[] = {{Pixtane::PVN_DODGE_END, QT_TRANSLATE_NOOP
                                       {Pixtane::PVN_BURN_END, QT_TRANSLATE_NOOP("History", "Burn")}};
 constexpr StepName EFFECT_STROKES[] = {{Pixtane::PVN_EFFECTBRUSH_END, QT_TRANSLATE_NOOP("History", "Effect Brush")}};
 
+const ToolOption* const SPOT_OPTIONS[] = {&SPOT_SIZE};
 const ToolOption* const REDEYE_OPTIONS[] = {&REDEYE_AMOUNT};
 const ToolOption* const HORIZON_OPTIONS[] = {&HORIZON_CROP};
 const ToolOption* const PICKER_OPTIONS[] = {&SAMPLE_SIZE};
 
+constexpr ToolCommand SPOT_COMMANDS[] = {{Pixtane::PVN_SPOTREMOVER_SPOT, &HealCommand}};
 constexpr ToolCommand REDEYE_COMMANDS[] = {{Pixtane::PVN_REDEYE_DETECT, &RedeyeCommand}};
 constexpr ToolCommand HORIZON_COMMANDS[] = {{Pixtane::PVN_HORILINE_DRAWN, &HorizonCommand}};
 constexpr ToolCommand PICKER_COMMANDS[] = {{Pixtane::PVN_COLORPICKER_COLOR, &PickBegins},
@@ -184,6 +186,7 @@ constexpr TourStop EFFECT_TOUR[] = {
     {"blurred", "show-outline; select-none; brush-size 160; press 100 200; move 500 250; move 900 200; release"},
     {"mosaic", "effect mosaic; press 300 600; move 700 600; release"}};
 
+constexpr TourStop SPOT_TOUR[] = {{"spot-removed", "spot-size 60; click 300 640; click 640 700"}};
 constexpr TourStop REDEYE_TOUR[] = {{"red-eyes-being-framed", "press 180 650; move 330 760"},
                                     {"red-eyes-removed", "release"}};
 constexpr TourStop STRAIGHTEN_TOUR[] = {{"horizon-being-drawn", "press 100 600; move 900 560"},
@@ -301,6 +304,16 @@ const Tool TOOLS[] = {
      .vStrokes = EFFECT_STROKES,
      .pPainter = &EffectBrushOf,
      .vTour = EFFECT_TOUR},
+    {.pszWord = "spot",
+     .pszText = QT_TRANSLATE_NOOP("Tool", "Spot remover"),
+     .pszKey = "R",
+     .pszHint = QT_TRANSLATE_NOOP("Tool", "Click a spot that shall go; [ and ]: size"),
+     .icon = {"E 5 5 14 14 M 10 10 L 14 14 M 14 10 L 10 14"},
+     .vOptions = SPOT_OPTIONS,
+     .pszSettings = "spotSettings",
+     .pPrepare = &PrepareSpot,
+     .vCommands = SPOT_COMMANDS,
+     .vTour = SPOT_TOUR},
     {.pszWord = "red-eye",
      .pszText = QT_TRANSLATE_NOOP("Tool", "Red eyes"),
      .pszKey = "Y",
