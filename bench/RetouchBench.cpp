@@ -1,11 +1,10 @@
 #include "bench/BenchView.h"
 #include "bench/Suite.h"
+#include "bench/Timing.h"
 #include "headless/HeadlessDesktop.h"
 #include "program/Retoucher.h"
 #include "user/Input.h"
 
-#include <algorithm>
-#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <QImage>
@@ -14,8 +13,6 @@
 
 namespace
 {
-
-using Clock = std::chrono::steady_clock;
 
 constexpr SIZE PHOTO = {6000, 4000};
 
@@ -47,31 +44,6 @@ struct Program
     CViewHost host;
     CRetoucher retoucher;
 };
-
-double Milliseconds(const Work& work)
-{
-    const auto start = Clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-double Median(std::vector<double> vTimes)
-{
-    std::ranges::sort(vTimes);
-    return vTimes[vTimes.size() / 2];
-}
-
-/// The median of several runs, each after what makes it ready.
-double MedianOf(int nRuns, const Work& prepare, const Work& work)
-{
-    std::vector<double> vTimes;
-    for (int i = 0; i < nRuns; ++i)
-    {
-        prepare();
-        vTimes.push_back(Milliseconds(work));
-    }
-    return Median(vTimes);
-}
 
 /// An arrow key that moves the selection, with the tint over the rest.
 Figure TintedNudge()
@@ -131,6 +103,16 @@ Figure UndoOfTheWhole()
             "memcpy of the photo", 4};
 }
 
+/// A spot in the middle of the photo, as a step.
+Figure Healing(int iSize, double dMost)
+{
+    Program program;
+    const std::string strHeal = "heal 3000 2000 " + std::to_string(iSize);
+    return {MedianOf(
+                9, [&] { program.Do("undo"); }, [&] { program.Do(strHeal); }),
+            "a millisecond", dMost};
+}
+
 /// From the file to the first picture, against Qt's decoding alone.
 Figure Opening()
 {
@@ -163,5 +145,7 @@ void AddRetouchFigures(CSuite& suite)
     suite.AddFigure("Retouch/BrightnessPreview/24MP", &BrightnessPreview);
     suite.AddFigure("Retouch/AutoContrast/24MP", &AutoContrast);
     suite.AddFigure("Retouch/Undo/24MP", &UndoOfTheWhole);
+    suite.AddFigure("Retouch/Heal/50/24MP", [] { return Healing(50, 50); });
+    suite.AddFigure("Retouch/Heal/500/24MP", [] { return Healing(500, 1000); });
     suite.AddFigure("Retouch/Open/24MP", &Opening);
 }

@@ -89,4 +89,5 @@ void AddStrokeBenchmarks(CSuite& suite);
 void AddBrushBenchmarks(CSuite& suite);
 void AddStrokeMemory(CSuite& suite);
 void AddRetouchFigures(CSuite& suite);
+void AddToolBenchmarks(CSuite& suite);
 void AddMemoryFigures(CSuite& suite);

@@ -79,6 +79,7 @@ int main(int argc, char** argv)
     AddPenBenchmarks(suite);
     AddStrokeBenchmarks(suite);
     AddBrushBenchmarks(suite);
+    AddToolBenchmarks(suite);
     AddRetouchFigures(suite);
     const bool bHeld = suite.Run(bWrite || vArguments.empty() ? "" : vArguments[0]);
     AfxWinTerm();
