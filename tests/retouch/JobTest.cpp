@@ -42,7 +42,7 @@ protected:
     }
     std::vector<std::string> Jobs() const
     {
-        return {"auto-contrast",        "brightness-contrast 40 20", "revert", "grow 9", "shrink 9",
+        return {"auto-contrast",        "brightness-contrast 40 20", "revert", "grow 9", "shrink 9", "heal 450 350 500",
                 "feather-selection 20", "open " + PhotoFile()};
     }
 
@@ -128,6 +128,25 @@ TEST_F(JobTest, WhatComesMeanwhileHasItsTurnAndScrollingGoesOn)
     EXPECT_NE(strErrors.find("/no/such/file.png"), std::string::npos);
     EXPECT_EQ(retoucher->State().strUndo, "Grow Selection");
     EXPECT_FALSE(retoucher->State().work);
+}
+
+TEST_F(JobTest, ClicksOnSpotsQueueWhileOneIsRemoved)
+{
+    Do("select-none");
+    Do("tool spot");
+    Do("spot-size 500");
+    CUser user(host.View());
+    for (const int x : {100, 200, 300, 400})
+    {
+        user.Click({x, 150});
+        Begin(*retoucher, "zoom-in"); // Goes on meanwhile.
+        Begin(*retoucher, "zoom-out");
+    }
+    Settle();
+    int nSpots = 0;
+    for (; retoucher->State().strUndo == "Remove Spot"; ++nSpots)
+        Do("undo");
+    EXPECT_EQ(nSpots, 4);
 }
 
 TEST_F(JobTest, AnotherPhotoAndTheEndOfTheProgramEndAJob)

@@ -475,4 +475,36 @@ TEST_F(RetoucherTest, CroppingTakesTheSelectionAlongAndIsOneStep)
     EXPECT_EQ(size(), "80x100");
 }
 
+TEST_F(RetoucherTest, AClickRemovesASpotAsOneStep)
+{
+    const auto dot = [&](int x, int y) { std::fill_n(retoucher.Photo()->Row(y) + 4 * x, 12, BYTE{10}); };
+    for (const CPoint pt : {CPoint(50, 60), CPoint(150, 60), CPoint(250, 60)})
+        dot(pt.x - 1, pt.y);
+    std::fill_n(retoucher.Photo()->Row(100) + 4 * 298, 8, BYTE{10});
+    Do("spot-size 9");
+    Do("tool spot");
+    const auto click = [&](int x, int y) { user.Click(At(x, y)); };
+    click(50, 60);
+    EXPECT_EQ(Pixel(50, 60), 100);
+    EXPECT_EQ(retoucher.State().strUndo, "Remove Spot");
+    Do("undo");
+    EXPECT_EQ(Pixel(50, 60), 10);
+    EXPECT_EQ(retoucher.State().strUndo, "");
+    click(20, 120); // Nothing was there: no step.
+    click(400, 60);
+    EXPECT_EQ(retoucher.State().strUndo, "");
+    Do("heal 301 100 7"); // About a place beyond the edge.
+    EXPECT_EQ(Pixel(298, 100), 100);
+    Do("tool rectangle");
+    Drag({140, 10}, {149, 189});
+    Do("tool spot");
+    click(150, 60);
+    EXPECT_EQ(Pixel(149, 60), 100);
+    EXPECT_EQ(Pixel(150, 60), 10) << "it is not selected";
+    EXPECT_EQ(Box(), "140,10,150,190");
+    for (const char* pszCommand : {"heal 1 1 0", "heal 1 1 501", "heal 1 1", "spot-size 501", "spot-size 0"})
+        EXPECT_NE(Refusal(pszCommand), "done") << pszCommand;
+    Do("heal 2000000000 -2000000000 500");
+}
+
 } // namespace
