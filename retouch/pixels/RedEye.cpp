@@ -15,8 +15,10 @@ enum Channel
 
 /// Skin and brown irises have about 1, lips up to 2, red pupils 3 and more.
 constexpr float CERTAIN = 2.4F;
-constexpr float POSSIBLE = 1.6F; ///< At a pupil's rim, where its red mixes with the iris.
-constexpr int LEAST_DIFFERENCE = 35;
+constexpr float POSSIBLE = 1.5F; ///< At a pupil's rim, where its red mixes with the iris.
+constexpr float PLAIN = 1.1F;
+constexpr float PALE = 0.6F;         ///< Inside a pupil, around its glint; white has a half.
+constexpr int LEAST_DIFFERENCE = 55; ///< Shadows of skin and lips are brown, and darker.
 
 float Redness(const std::uint8_t* pPixel)
 {
@@ -151,31 +153,83 @@ private:
     std::vector<Spot> m_vSpots;
 };
 
-/// Takes red out of the pixels of an ellipse somewhat larger than the pupil's box, by their redness.
-void Correct(const PixelView& picture, const MaskView& weights, const PixelRect& box, float fAmount)
+/// An ellipse about the middle of a box: what a pixel's distance from its middle is, 1 on the rim.
+class CEllipse
 {
-    constexpr float LARGER = 1.15F;
-    const float fMiddleX = static_cast<float>(box.left + box.right - 1) / 2;
-    const float fMiddleY = static_cast<float>(box.top + box.bottom - 1) / 2;
-    const float fAcross = static_cast<float>(box.Width()) / 2 * LARGER + 1;
-    const float fDown = static_cast<float>(box.Height()) / 2 * LARGER + 1;
-    const PixelRect around = PixelRect{static_cast<int>(fMiddleX - fAcross), static_cast<int>(fMiddleY - fDown),
-                                       static_cast<int>(fMiddleX + fAcross) + 2, static_cast<int>(fMiddleY + fDown) + 2}
-                                 .Within(picture);
+public:
+    explicit CEllipse(const PixelRect& box)
+        : m_fMiddleX(static_cast<float>(box.left + box.right - 1) / 2),
+          m_fMiddleY(static_cast<float>(box.top + box.bottom - 1) / 2), m_fAcross(static_cast<float>(box.Width()) / 2),
+          m_fDown(static_cast<float>(box.Height()) / 2)
+    {
+    }
+
+    float DistanceOf(int x, int y) const
+    {
+        return std::hypot((static_cast<float>(x) - m_fMiddleX) / m_fAcross,
+                          (static_cast<float>(y) - m_fMiddleY) / m_fDown);
+    }
+
+    /// What lies within a distance.
+    PixelRect Within(float fDistance, const PixelView& picture) const
+    {
+        const float fAcross = m_fAcross * fDistance + 1;
+        const float fDown = m_fDown * fDistance + 1;
+        return PixelRect{static_cast<int>(m_fMiddleX - fAcross), static_cast<int>(m_fMiddleY - fDown),
+                         static_cast<int>(m_fMiddleX + fAcross) + 2, static_cast<int>(m_fMiddleY + fDown) + 2}
+            .Within(picture);
+    }
+
+private:
+    float m_fMiddleX;
+    float m_fMiddleY;
+    float m_fAcross;
+    float m_fDown;
+};
+
+/// Whether what surrounds a pupil is no longer red, as iris and white are and lips are not.
+bool EndsAround(const PixelView& picture, const CEllipse& pupil)
+{
+    constexpr float FROM = 1.6F;
+    constexpr float TO = 2.1F;
+    constexpr int MOST_RED = 4; // One in so many.
+    const PixelRect around = pupil.Within(TO, picture);
+    int nAll = 0;
+    int nRed = 0;
     for (int y = around.top; y < around.bottom; ++y)
     {
         for (int x = around.left; x < around.right; ++x)
         {
+            const float fDistance = pupil.DistanceOf(x, y);
+            if (fDistance < FROM || fDistance > TO)
+                continue;
+            ++nAll;
+            nRed += Redness(picture.Row(y) + std::ptrdiff_t{x} * 4) > POSSIBLE;
+        }
+    }
+    return nRed * MOST_RED <= nAll;
+}
+
+/// Takes red out of a pupil and, less and less, of its rim, where it mixes with the iris.
+void Correct(const PixelView& picture, const MaskView& weights, const CEllipse& pupil, float fAmount)
+{
+    constexpr float RIM = 1.5F;
+    const PixelRect around = pupil.Within(RIM, picture);
+    for (int y = around.top; y < around.bottom; ++y)
+    {
+        const std::uint8_t* const pWeights = weights.Row(y);
+        for (int x = around.left; x < around.right; ++x)
+        {
             std::uint8_t* const pPixel = picture.Row(y) + std::ptrdiff_t{x} * 4;
-            const float fX = (static_cast<float>(x) - fMiddleX) / fAcross;
-            const float fY = (static_cast<float>(y) - fMiddleY) / fDown;
-            const float fSure = std::clamp((Redness(pPixel) - POSSIBLE) / (CERTAIN - POSSIBLE), 0.0F, 1.0F);
+            const float fInside = std::clamp((RIM - pupil.DistanceOf(x, y)) / (RIM - 1), 0.0F, 1.0F);
+            const float fLeast = PALE + (1 - fInside) * 4 * (PLAIN - PALE);
+            const float fSure =
+                std::clamp((Redness(pPixel) - std::min(fLeast, PLAIN)) / (POSSIBLE - PLAIN), 0.0F, 1.0F);
             const float fPlain = PlainRed(pPixel);
             const auto fRed = static_cast<float>(pPixel[RED]);
-            if (fX * fX + fY * fY > 1 || fRed <= fPlain)
+            if (fRed <= fPlain)
                 continue;
-            const std::uint8_t* const pWeights = weights.Row(y);
-            const float fWeight = fSure * fAmount * (pWeights ? static_cast<float>(pWeights[x]) / 255 : 1.0F);
+            const float fWeight = fInside * fSure * fAmount * (pWeights ? static_cast<float>(pWeights[x]) / 255 : 1.0F);
             pPixel[RED] = static_cast<std::uint8_t>(std::lround(fRed + fWeight * (fPlain - fRed)));
         }
     }
@@ -192,8 +246,11 @@ bool RemoveRedEye(PixelView picture, MaskView weights, PixelRect rect, int iAmou
     if (!progress.Report(1, 2))
         return false;
     for (const PixelRect& box : vPupils)
-        Correct(picture, weights,
-                {box.left + inside.left, box.top + inside.top, box.right + inside.left, box.bottom + inside.top},
-                static_cast<float>(iAmount) / 100);
+    {
+        const CEllipse pupil(
+            {box.left + inside.left, box.top + inside.top, box.right + inside.left, box.bottom + inside.top});
+        if (EndsAround(picture, pupil))
+            Correct(picture, weights, pupil, static_cast<float>(iAmount) / 100);
+    }
     return true;
 }

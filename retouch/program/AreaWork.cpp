@@ -44,9 +44,9 @@ std::optional<Job> AreaJob(ProgramParts& parts, const char* pszStep, CRect rc, C
 std::optional<Job> RedeyeJob(ProgramParts& parts, const CRect& rc, int iAmount)
 {
     const PixelRect rect = {rc.left, rc.top, rc.right, rc.bottom};
-    // A pupil at the rectangle's edge is corrected as a whole.
+    // A pupil at the rectangle's edge is corrected with its rim.
     CRect rcReached = rc;
-    rcReached.InflateRect(rc.Width() / 8 + 4, rc.Height() / 8 + 4);
+    rcReached.InflateRect(rc.Width() / 4 + 3, rc.Height() / 4 + 3);
     return AreaJob(parts, QT_TRANSLATE_NOOP("History", "Remove Red Eyes"), rcReached,
                    [=](PixelView, PixelView copy, MaskView weights, CProgress& progress)
                    { return RemoveRedEye(copy, weights, rect, iAmount, progress); });

@@ -30,12 +30,13 @@ void Paint(Bytes& bytes, double dX, double dY, double dRadius, int iRed, int iGr
     }
 }
 
-/// Skin with lips and two eyes: white, iris, red pupil, glint.
+/// Skin with lips, a dark corner of the mouth, and two eyes: white, iris, red pupil, glint.
 Bytes Face(bool bRed)
 {
     Bytes bytes(std::size_t{CX} * CY * 4);
     Paint(bytes, 0, 0, 1000, 222, 172, 150);
     Paint(bytes, 80, 75, 12, 180, 92, 90);
+    Paint(bytes, 66, 64, 5, 62, 20, 4);
     for (const int x : {45, 115})
     {
         Paint(bytes, x, 35, 20, 235, 232, 228);
