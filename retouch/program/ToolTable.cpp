@@ -186,7 +186,7 @@ constexpr TourStop EFFECT_TOUR[] = {
     {"blurred", "show-outline; select-none; brush-size 160; press 100 200; move 500 250; move 900 200; release"},
     {"mosaic", "effect mosaic; press 300 600; move 700 600; release"}};
 
-constexpr TourStop SPOT_TOUR[] = {{"spot-removed", "spot-size 60; click 300 640; click 640 700"}};
+constexpr TourStop SPOT_TOUR[] = {{"spots-removed", "spot-size 40; click 413 123; click 586 222"}};
 constexpr TourStop REDEYE_TOUR[] = {{"red-eyes-being-framed", "press 180 650; move 330 760"},
                                     {"red-eyes-removed", "release"}};
 constexpr TourStop STRAIGHTEN_TOUR[] = {{"horizon-being-drawn", "press 100 600; move 900 560"},

@@ -102,6 +102,28 @@ constexpr TourStop SELECTION_STOPS[] = {
     {"outline-close", "one-to-one; zoom-in; zoom-in"},
 };
 
+/// A photo from beginning to end, as the sample asks for it.
+constexpr TourStop SESSION[] = {
+    {"session-photo", "select-none; revert; fit; tool straighten"},
+    {"session-horizon", "horizon crop; press 20 579; move 500 562; move 860 547"},
+    {"session-straightened", "release"},
+    {"session-cropped",
+     "tool rectangle; rule new; feather 0; press 25 15; move 998 985; release; crop-to-selection; select-none"},
+    {"session-spots", "tool spot; spot-size 36; click 90 174; click 405 104; click 584 214; click 485 324; "
+                      "click 906 92; click 282 839"},
+    {"session-red-eyes-framed", "tool red-eye; red-eye-amount 90; press 140 670; move 300 765"},
+    {"session-red-eyes", "release; tool hand"},
+    {"session-face-selected", "tool ellipse; feather 40; press 123 560; move 318 935; release"},
+    {"session-face-dodged", "tool dodge-burn; range dodge; strength 25; hardness 1; brush-size 300; "
+                            "press 185 640; move 185 840; move 250 860; move 260 650; release"},
+    {"session-window-cloned-away", "select-none; tool clone; brush-size 205; hardness 95; strength 100; "
+                                   "pick-source; click 951 892; press 951 676; move 951 581; release; "
+                                   "pick-source; click 951 878; press 951 541; move 951 424; release"},
+    {"session-background-blurred", "tool effect; effect blur; brush-size 110; press 370 510; move 600 500; "
+                                   "move 860 500; move 600 540; move 370 540; release"},
+    {"session-done", "tool hand"},
+};
+
 } // namespace
 
 CTour::CTour(CPhoto photo, std::string strFolder) : m_strFolder(std::move(strFolder))
@@ -130,7 +152,8 @@ bool CTour::Play(std::string& strError)
         if (!std::ranges::all_of(tool.vTour, [&](const TourStop& stop) { return Play(stop, strError); }))
             return false;
     }
-    return std::ranges::all_of(SELECTION_STOPS, [&](const TourStop& stop) { return Play(stop, strError); });
+    const auto play = [&](const TourStop& stop) { return Play(stop, strError); };
+    return std::ranges::all_of(SELECTION_STOPS, play) && std::ranges::all_of(SESSION, play);
 }
 
 bool CTour::Play(const TourStop& stop, std::string& strError)
