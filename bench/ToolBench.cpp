@@ -36,8 +36,11 @@ struct Pictures
 Work Blend(int iSize)
 {
     const auto pPictures = std::make_shared<Pictures>(4 * iSize, 2 * iSize);
-    return [=] {
-        BlendSpot(pPictures->Before(), pPictures->After(), {}, {iSize, iSize, iSize}, PixelOffset{2 * iSize, 0});
+    return [=]
+    {
+        const Spot spot = {iSize, iSize, iSize};
+        const PixelView picture = pPictures->Before();
+        CSpotBlend(picture, spot, SourceAt(picture, PixelOffset{2 * iSize, 0})).Apply(pPictures->After(), {});
     };
 }
 

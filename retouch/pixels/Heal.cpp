@@ -1,74 +1,51 @@
 #include "pixels/Heal.h"
 
-#include "pixels/Membrane.h"
+#include "pixels/PatchFill.h"
 
-#include <cmath>
+#include <cstdlib>
 
 namespace
 {
 
-constexpr int CHANNELS = 3;
-constexpr int NEIGHBOURS = 2; ///< A ring of so many pixels has all that touch the spot, also by a corner.
-
-/// Where pixels come from; nothing is added where there is no source.
-struct Source
+/// How much neighbouring pixels around the spot differ: at most places, so that single edges do not count.
+float TextureAround(const PixelView& picture, const Spot& spot)
 {
-    PixelView picture;
-    std::optional<PixelOffset> offset;
-
-    float At(int x, int y, int iChannel) const
+    std::vector<int> vDifferences;
+    for (const PixelRun& run : spot.RingWithin({1, 1, picture.cx, picture.cy}, std::max(2, spot.iSize / 4)))
     {
-        return offset ? picture.Row(y + offset->y)[(x + offset->x) * 4 + iChannel] : 0.0F;
+        constexpr int GREEN = 1;
+        const std::uint8_t* const pRow = picture.Row(run.y);
+        const std::uint8_t* const pAbove = picture.Row(run.y - 1);
+        for (int i = 4 * run.left + GREEN; i < 4 * run.right; i += 4)
+            vDifferences.push_back(std::abs(pRow[i] - pRow[i - 4]) + std::abs(pRow[i] - pAbove[i]));
     }
-};
-
-/// What the source must be changed by to meet the picture around the spot.
-CMembrane DifferenceOf(const PixelView& picture, const Source& source, const Spot& spot, const PixelRect& grid)
-{
-    const Spot inGrid = {spot.x - grid.left, spot.y - grid.top, spot.iSize};
-    const PixelRect whole = {0, 0, grid.Width(), grid.Height()};
-    CMembrane membrane(grid.Width(), grid.Height(), inGrid.RunsWithin(whole));
-    for (const PixelRun& run : inGrid.RingWithin(whole, NEIGHBOURS))
-    {
-        for (int x = run.left; x < run.right; ++x)
-        {
-            const std::uint8_t* const pHere = picture.Row(run.y + grid.top) + std::ptrdiff_t{x + grid.left} * 4;
-            const auto difference = [&](int iChannel)
-            { return static_cast<float>(pHere[iChannel]) - source.At(x + grid.left, run.y + grid.top, iChannel); };
-            membrane.Know(x, run.y, difference(0), difference(1), difference(2));
-        }
-    }
-    membrane.Solve();
-    return membrane;
+    if (vDifferences.empty())
+        return 0;
+    const auto itMedian = vDifferences.begin() + static_cast<std::ptrdiff_t>(vDifferences.size() / 2);
+    std::ranges::nth_element(vDifferences, itMedian);
+    return static_cast<float>(*itMedian);
 }
 
-void HealRun(const PixelRun& run, const Source& source, const float* pDifference, const MaskView& weights,
-             std::uint8_t* pHealed)
+/// Whether the place's own edges and those around the spot do not meet: more than the texture hides.
+bool IsPoor(const CSpotBlend& blend, const PixelView& picture, const Spot& spot)
 {
-    const std::uint8_t* const pWeights = weights.Row(run.y);
-    for (int x = run.left; x < run.right; ++x, pDifference += 4)
-    {
-        const float fWeight = pWeights ? static_cast<float>(pWeights[x]) / 255 : 1.0F;
-        for (int i = 0; i < CHANNELS; ++i)
-        {
-            std::uint8_t& value = pHealed[x * 4 + i];
-            const float fNew = source.At(x, run.y, i) + pDifference[i];
-            const auto fOld = static_cast<float>(value);
-            value = static_cast<std::uint8_t>(std::clamp(std::lround(fOld + fWeight * (fNew - fOld)), 0L, 255L));
-        }
-    }
+    constexpr float VISIBLE = 2;
+    constexpr float OF_TEXTURE = 0.75F;
+    return blend.Unevenness() > VISIBLE + OF_TEXTURE * TextureAround(picture, spot);
 }
 
 } // namespace
 
-void BlendSpot(PixelView picture, PixelView healed, MaskView weights, const Spot& spot,
-               std::optional<PixelOffset> offset)
+SpotSource SourceAt(const PixelView& picture, std::optional<PixelOffset> offset)
 {
-    const Source source = {picture, offset};
-    const PixelRect grid = spot.Grown(NEIGHBOURS).Box().Within(picture);
-    const CMembrane difference = DifferenceOf(picture, source, spot, grid);
-    for (const PixelRun& run : spot.RunsWithin({0, 0, picture.cx, picture.cy}))
-        HealRun(run, source, difference.At(run.left - grid.left, run.y - grid.top), weights, healed.Row(run.y));
+    if (!offset)
+        return [](int, int) { return std::array<float, 3>{}; };
+    return [=](int x, int y)
+    {
+        const std::uint8_t* const pPixel = picture.Row(y + offset->y) + std::ptrdiff_t{x + offset->x} * 4;
+        return std::array<float, 3>{static_cast<float>(pPixel[0]), static_cast<float>(pPixel[1]),
+                                    static_cast<float>(pPixel[2])};
+    };
 }
 
 bool HealSpot(PixelView picture, PixelView healed, MaskView weights, const Spot& spot, CProgress& progress)
@@ -76,9 +53,22 @@ bool HealSpot(PixelView picture, PixelView healed, MaskView weights, const Spot&
     const PixelRect whole = {0, 0, picture.cx, picture.cy};
     if (spot.RunsWithin(whole).empty() || spot.RingWithin(whole, 1).empty())
         return !progress.IsCancelled();
+    progress.SetStages(2);
     const std::optional<PixelOffset> offset = FindHealSource(picture, spot, progress);
+    progress.EndStage();
     if (progress.IsCancelled())
         return false;
-    BlendSpot(picture, healed, weights, spot, offset);
+    CSpotBlend blend(picture, spot, SourceAt(picture, offset));
+    std::optional<CPatchField> field;
+    if (!offset || IsPoor(blend, picture, spot))
+        field = FillSpot(picture, spot, progress);
+    if (progress.IsCancelled())
+        return false;
+    if (field)
+    {
+        const PixelRect window = PatchWindow(picture, spot);
+        blend = CSpotBlend(picture, spot, [&](int x, int y) { return field->Said(x - window.left, y - window.top); });
+    }
+    blend.Apply(healed, weights);
     return true;
 }

@@ -193,6 +193,32 @@ TEST(HealTest, ASpotGoesAndAllElseStays)
     }
 }
 
+TEST(HealTest, EdgesGoOnThroughASpot)
+{
+    Picture original = Slope(200, 160, 0);
+    for (int y = 0; y < original.cy; ++y)
+    {
+        for (int i = 0; i < 4 * (90 + y / 6); ++i)
+            original.View().Row(y)[i] /= 4;
+    }
+    for (const int iSize : {11, 30, 55})
+    {
+        const Spot spot = {104, 80, iSize};
+        Picture blotted = original;
+        Blot(blotted, spot);
+        Picture healed = blotted;
+        CProgress progress;
+        ASSERT_TRUE(HealSpot(blotted.View(), healed.View(), {}, spot, progress));
+        int nOff = 0;
+        for (std::size_t i = 0; i < healed.bytes.size(); ++i)
+            nOff += std::abs(healed.bytes[i] - original.bytes[i]) > 20;
+        EXPECT_LE(nOff, 3 * iSize) << "one pixel along the edge, in each channel, at most";
+        Picture again = blotted;
+        ASSERT_TRUE(HealSpot(blotted.View(), again.View(), {}, spot, progress));
+        EXPECT_EQ(again.bytes, healed.bytes) << iSize;
+    }
+}
+
 TEST(HealTest, WeightsLimitItAndCancellingLeavesThePicture)
 {
     Picture blotted = Slope(200, 120, 5);
