@@ -1,5 +1,6 @@
 #include "pixels/Turn.h"
 #include "pixels/Straighten.h"
+#include "pixels/StraightenPreview.h"
 
 #include <algorithm>
 #include <cmath>
@@ -126,6 +127,44 @@ TEST(TurnTest, RotatingByQuartersIsTheTurn)
         EXPECT_EQ(InscribedSize(size.cx, size.cy, 180), size);
         for (const double dAngle : {-30.0, 0.01, 45.0, 89.0})
             EXPECT_EQ(Straightened(Picture(size, 201), size, dAngle), Picture(size, 201)) << dAngle;
+    }
+}
+
+TEST(TurnTest, APreviewShowsWhatStraighteningMakes)
+{
+    const PixelSize size = {200, 131};
+    Picture smooth(size);
+    for (int i = 0; i < size.cx * size.cy; ++i)
+        std::fill_n(smooth.At(i % size.cx, i / size.cx), 4, static_cast<std::uint8_t>(i % size.cx / 2 + i / size.cx));
+    std::vector<int> vColumns;
+    std::vector<int> vRows;
+    for (int i = 3; i < size.cx; i += 2)
+        vColumns.push_back(i);
+    for (int i = 0; i < size.cy; ++i)
+        vRows.push_back(i);
+    for (const double dAngle : {-33.0, 0.4, 7.0, 90.0})
+    {
+        const Picture expected = Straightened(smooth, size, dAngle);
+        const PixelSize kept = InscribedSize(size.cx, size.cy, dAngle);
+        for (const bool bCrop : {false, true})
+        {
+            const Picture shown({static_cast<int>(vColumns.size()), size.cy});
+            DrawStraightened(smooth.View(), shown.View(), {dAngle, bCrop}, {vColumns, vRows});
+            for (int i = 0; i < shown.size.cx * shown.size.cy; ++i)
+            {
+                const PixelSize at = {vColumns[static_cast<std::size_t>(i % shown.size.cx)], i / shown.size.cx};
+                const bool bKept = 2 * std::abs(at.cx - (size.cx - 1) / 2.0) < kept.cx - 2 &&
+                                   2 * std::abs(at.cy - (size.cy - 1) / 2.0) < kept.cy - 2;
+                const bool bCut = 2 * std::abs(at.cx - (size.cx - 1) / 2.0) > kept.cx + 2 ||
+                                  2 * std::abs(at.cy - (size.cy - 1) / 2.0) > kept.cy + 2;
+                const int iShown = *shown.At(i % shown.size.cx, i / shown.size.cx);
+                const int iWhole = *expected.At(at.cx, at.cy);
+                if (!bCrop || bKept || bCut)
+                {
+                    ASSERT_NEAR(iShown, bCrop && bCut ? iWhole / 4 : iWhole, 3) << dAngle;
+                }
+            }
+        }
     }
 }
 
