@@ -28,6 +28,14 @@ void CPresenter::ShowOriginal(bool bShow)
 void CPresenter::ShowPreview(Adjust adjust)
 {
     m_Preview = std::move(adjust);
+    m_Drawing = {};
+    Update();
+}
+
+void CPresenter::ShowDrawing(Draw draw)
+{
+    m_Preview = {};
+    m_Drawing = std::move(draw);
     Update();
 }
 
@@ -41,6 +49,7 @@ void CPresenter::Forget()
 {
     m_bOriginal = false;
     m_Preview = {};
+    m_Drawing = {};
     m_bTint = false;
     Update();
 }
@@ -56,7 +65,7 @@ void CPresenter::Update()
     if (m_IsPainting && m_IsPainting())
         return; // It comes again when the stroke has ended.
     const VisiblePart part = VisiblePartOf(m_view);
-    const bool bClaimed = IsOriginalShown() || m_Preview || (m_bTint && IsSelected());
+    const bool bClaimed = IsOriginalShown() || IsPreview() || (m_bTint && IsSelected());
     if (bClaimed && !part.rcWindow.IsRectEmpty() && m_document.Photo())
     {
         Fill(part);
@@ -80,6 +89,14 @@ void CPresenter::Fill(const VisiblePart& part)
     std::vector<BYTE>& vCover = m_view.vCoverBmpData();
     vCover.resize(header.biSizeImage);
     const PixelView cover = {vCover.data() + nRow * (header.biHeight - 1), header.biWidth, header.biHeight, -nRow};
+    if (IsOriginalShown() ? IsReshaped() : m_Drawing != nullptr)
+    {
+        if (IsOriginalShown())
+            DrawReshapedOriginal(cover);
+        else
+            m_Drawing(part, cover);
+        return;
+    }
     CProgress progress;
     ForBands(cover.cy, progress,
              [&](int iFirst, int iEnd)
@@ -91,6 +108,36 @@ void CPresenter::Fill(const VisiblePart& part)
         return;
     const std::vector<BYTE> vWeights = IsSelected() ? PickWeights(part) : std::vector<BYTE>();
     m_Preview(cover, {vWeights.empty() ? nullptr : vWeights.data(), cover.cx});
+}
+
+bool CPresenter::IsReshaped() const
+{
+    return m_document.Photo() && !m_document.Opened().HasSizeOf(m_document.History().Current().pixels);
+}
+
+/// As large as it fits into where the photo is, on a dark ground.
+void CPresenter::DrawReshapedOriginal(PixelView cover)
+{
+    constexpr std::uint8_t GROUND = 60;
+    const CTiledSnapshot::Area whole = m_document.Opened().Whole();
+    const CSize szOriginal(static_cast<int>(whole.nBytes / 4), static_cast<int>(whole.nRows));
+    const double dScale = std::min(1.0 * cover.cx / szOriginal.cx, 1.0 * cover.cy / szOriginal.cy);
+    const CSize szShown(std::clamp(static_cast<int>(szOriginal.cx * dScale), 1, cover.cx),
+                        std::clamp(static_cast<int>(szOriginal.cy * dScale), 1, cover.cy));
+    const CPoint ptFirst((cover.cx - szShown.cx) / 2, (cover.cy - szShown.cy) / 2);
+    const auto sampled = [](int i, int nShown, int nOriginal)
+    { return static_cast<int>((2LL * i + 1) * nOriginal / (2LL * nShown)); };
+    std::vector<int> vColumns;
+    for (int x = 0; x < szShown.cx; ++x)
+        vColumns.push_back(sampled(x, szShown.cx, szOriginal.cx));
+    for (int y = 0; y < cover.cy; ++y)
+        std::memset(cover.Row(y), GROUND, static_cast<std::size_t>(cover.cx) * 4);
+    for (int y = 0; y < szShown.cy; ++y)
+    {
+        const auto iRow = static_cast<std::size_t>(szOriginal.cy - 1 - sampled(y, szShown.cy, szOriginal.cy));
+        // Of a photo that has got another size every tile is kept.
+        m_document.Opened().PickPixels(iRow, vColumns, nullptr, cover.Row(ptFirst.y + y) + 4 * ptFirst.x);
+    }
 }
 
 void CPresenter::FillRow(const VisiblePart& part, int y, PixelView pixels)

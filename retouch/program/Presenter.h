@@ -20,9 +20,13 @@ public:
     /// Says whether a brush has the cover.
     void SetStroke(std::function<bool()> isPainting) { m_IsPainting = std::move(isPainting); }
 
+    /// Draws what a preview shows in place of the visible pixels.
+    using Draw = std::function<void(const VisiblePart& part, PixelView cover)>;
+
     /// Nothing happens while there is no other original.
     void ShowOriginal(bool bShow);
     void ShowPreview(Adjust adjust);
+    void ShowDrawing(Draw draw);
     void EndPreview() { ShowPreview({}); }
     void ShowTint(bool bShow);
     bool IsTinted() const { return m_bTint; }
@@ -34,7 +38,10 @@ public:
     void Update();
 
 private:
-    bool IsOriginalShown() const { return m_bOriginal && m_document.Original(); }
+    bool IsOriginalShown() const { return m_bOriginal && (m_document.Original() || IsReshaped()); }
+    bool IsReshaped() const;
+    bool IsPreview() const { return m_Preview || m_Drawing; }
+    void DrawReshapedOriginal(PixelView cover);
     bool IsSelected() const;
     void Fill(const VisiblePart& part);
     void FillRow(const VisiblePart& part, int y, PixelView pixels);
@@ -46,6 +53,7 @@ private:
     std::function<bool()> m_IsPainting;
     bool m_bOriginal = false;
     Adjust m_Preview;
+    Draw m_Drawing; ///< In place of a preview.
     bool m_bTint = false;
     bool m_bShown = false; ///< The view's cover is ours.
 };
