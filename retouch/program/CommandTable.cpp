@@ -16,6 +16,7 @@
 #include "program/Undo.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace
 {
@@ -127,6 +128,17 @@ bool PlaceTransform(P& parts, const Values& vValues, std::string& strError)
                        {std::to_string(rc.left), std::to_string(rc.top), std::to_string(Number(vValues, 2)),
                         std::to_string(Number(vValues, 3))});
     return false;
+}
+
+bool PlaceAngle(P& parts, const Values& vValues, std::string& strError)
+{
+    CToolSession* const pSession = parts.tools.Session();
+    const double dDegrees = std::get<double>(vValues[0]);
+    if (!pSession || !pSession->Angle())
+        strError = Message(QT_TRANSLATE_NOOP("Program", "the photo is not being straightened"));
+    else if (!std::isfinite(dDegrees))
+        strError = Message(QT_TRANSLATE_NOOP("Program", "that is no angle"));
+    return strError.empty() && pSession->PlaceAngle(dDegrees);
 }
 
 void PickColour(P& parts)
@@ -276,6 +288,9 @@ std::vector<Command> ToolCommands()
         {"transform-to", {PLACE_X, PLACE_Y, WIDTH, HEIGHT}, &PlaceTransform, Middle::Keeps},
         {"apply-transform", {}, Simply([](P& parts) { parts.tools.EndSession(true); })},
         {"cancel-transform", {}, Simply([](P& parts) { parts.tools.EndSession(false); }), Middle::Keeps},
+        {"straighten-to", {{"DEGREES", Argument::Kind::Decimal}}, &PlaceAngle, Middle::Keeps},
+        {"apply-straighten", {}, Simply([](P& parts) { parts.tools.EndSession(true); })},
+        {"cancel-straighten", {}, Simply([](P& parts) { parts.tools.EndSession(false); }), Middle::Keeps},
         {END_MIDDLE_COMMAND, {}, Simply([](P&) {})},
         {PICK_SOURCE_COMMAND,
          {},

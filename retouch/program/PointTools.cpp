@@ -5,11 +5,9 @@
 #include "program/Limits.h"
 #include "program/ToolBox.h"
 #include "tools/ColorPicker.h"
-#include "tools/HoriLinePen.h"
 #include "tools/RedeyeReduction.h"
 #include "tools/SpotRemover.h"
 
-#include <cstdio>
 #include <QtGlobal>
 #include <utility>
 
@@ -24,13 +22,6 @@ class CRedeyeTool : public RedeyeReduction
 {
 public:
     CRedeyeTool() { SetDarkenAmount(60); }
-};
-
-/// The horizon line, and whether what has no picture after the turn is cut off.
-class CHorizonTool : public HoriLinePen
-{
-public:
-    int iCrop = TRUE;
 };
 
 /// The library's spot, whose outline has its size from the beginning: the library measures it with the next zoom.
@@ -84,25 +75,6 @@ const ToolOption REDEYE_AMOUNT = {"red-eye-amount",
                                   "",
                                   true};
 
-const ToolOption HORIZON_CROP = {"horizon",
-                                 "CORNERS",
-                                 "",
-                                 "",
-                                 "",
-                                 FALSE,
-                                 TRUE,
-                                 {{"whole",
-                                   QT_TRANSLATE_NOOP("Tool", "Keep the size; the edge fills the corners"),
-                                   "",
-                                   {"R 3 6 18 12 M 3 14 L 21 10"}},
-                                  {"crop",
-                                   QT_TRANSLATE_NOOP("Tool", "Cut the empty corners off"),
-                                   "",
-                                   {"R 6 8 12 8 M 3 6 L 18 6 L 18 19 M 6 5 L 6 16 L 21 16"}}},
-                                 [](const CToolBox& tools) { return tools.Embedded<CHorizonTool>().iCrop; },
-                                 [](ProgramParts& parts, int iCrop)
-                                 { parts.tools.Embedded<CHorizonTool>().iCrop = iCrop; }};
-
 static_assert(LARGEST_SPOT == SpotRemover::MAX_SIZE);
 
 const ToolOption SPOT_SIZE = {"spot-size",
@@ -137,7 +109,6 @@ const ToolOption SAMPLE_SIZE = {
     [](ProgramParts& parts, int iSample) { parts.tools.Embedded<CPickerTool>().iSample = iSample; }};
 
 Embedded& PrepareRedeye(CToolBox& tools) { return tools.Embedded<CRedeyeTool>(); }
-Embedded& PrepareHorizon(CToolBox& tools) { return tools.Embedded<CHorizonTool>(); }
 Embedded& PrepareSpot(CToolBox& tools) { return tools.Embedded<CSpotTool>(); }
 Embedded& PreparePicker(CToolBox& tools) { return tools.Embedded<CPickerTool>(); }
 
@@ -151,19 +122,6 @@ std::string RedeyeCommand(ProgramParts& parts)
     if (!rc.IntersectRect(CRect(rc), CRect(0, 0, parts.view.iBmpWidth(), parts.view.iBmpHeight())))
         return {};
     return Command("red-eye", {rc.left, rc.top, rc.Width(), rc.Height(), tool.GetDarkenAmount()});
-}
-
-std::string HorizonCommand(ProgramParts& parts)
-{
-    CHorizonTool& tool = parts.tools.Embedded<CHorizonTool>();
-    const double dAngle = tool.GetOffsetAngle();
-    if (dAngle == 0 || !parts.document.Photo())
-        return {};
-    char szAngle[32];
-    std::snprintf(szAngle, sizeof(szAngle), "%.3f", dAngle);
-    for (char& c : szAngle)
-        c = c == ',' ? '.' : c; // Commands are the same in every locale.
-    return std::string("straighten ") + szAngle + " " + HORIZON_CROP.Text(tool.iCrop);
 }
 
 std::string HealCommand(ProgramParts& parts)

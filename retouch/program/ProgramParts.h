@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 class CDocument;
 class CJobs;
@@ -43,6 +44,9 @@ struct ProgramParts
 
     /// Is called when another photo has come.
     std::function<void()> photoShown = {};
+
+    /// Tells the person that something could not be done.
+    std::function<void(const std::string& strError)> failed = {};
 
     /// Tells whoever shows the program's state that it has changed.
     std::function<void()> changed = {};

@@ -38,6 +38,7 @@ ProgramState StateOf(const ProgramParts& parts, const CJobs& jobs)
             QT_TRANSLATE_NOOP("Tool", "Nothing is selected that a shape could take from: 1 begins anew, 2 adds");
     state.bInSession = pSession != nullptr;
     state.frame = pSession ? pSession->Frame() : std::nullopt;
+    state.angle = pSession ? pSession->Angle() : std::nullopt;
     state.picked = parts.picked;
     state.rcSelection = parts.selection.Box();
     state.bOutlineHidden = parts.selection.IsOutlineHidden();

@@ -26,6 +26,8 @@ struct ProgramState
     bool bInSession;                     ///< Something with an end of its own is under way, like a transform.
     std::optional<CRect> frame;          ///< Its rectangle, bitmap pixels, if a person may place that by numbers.
 
+    std::optional<double> angle; ///< Its angle in degrees, if a person may give that as a number.
+
     std::optional<COLORREF> picked; ///< The colour that was picked last.
 
     // The selection.

@@ -14,6 +14,7 @@ CRetoucher::CRetoucher(CViewHost& host, LongWork eLongWork)
     : m_host(host), m_runner(m_parts, eLongWork == LongWork::InBackground, [this] { CommitSelection(); })
 {
     m_parts.changed = [this] { Tell(); };
+    m_parts.failed = [this](const std::string& strError) { Tell(strError); };
     m_parts.photoShown = [this]
     {
         m_strPending.clear();

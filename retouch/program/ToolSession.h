@@ -32,6 +32,12 @@ public:
     /// Puts the frame there; FALSE when it has none.
     virtual bool PlaceFrame(const CRect&) { return false; }
 
+    /// The angle that a person may give by a number, in degrees.
+    virtual std::optional<double> Angle() const { return std::nullopt; }
+
+    /// Takes another angle; FALSE when it has none.
+    virtual bool PlaceAngle(double) { return false; }
+
     /// Whether Esc ends it without counting, and it has no buttons of its own for that.
     virtual bool MayBeDropped() const { return false; }
 

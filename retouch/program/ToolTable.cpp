@@ -3,6 +3,7 @@
 #include "program/Limits.h"
 #include "program/PointTools.h"
 #include "program/ShapeTool.h"
+#include "program/StraightenTool.h"
 #include "program/Tool.h"
 #include "program/ToolBox.h"
 #include "program/Transform.h"
@@ -126,7 +127,6 @@ const ToolOption* const PICKER_OPTIONS[] = {&SAMPLE_SIZE};
 
 constexpr ToolCommand SPOT_COMMANDS[] = {{Pixtane::PVN_SPOTREMOVER_SPOT, &HealCommand}};
 constexpr ToolCommand REDEYE_COMMANDS[] = {{Pixtane::PVN_REDEYE_DETECT, &RedeyeCommand}};
-constexpr ToolCommand HORIZON_COMMANDS[] = {{Pixtane::PVN_HORILINE_DRAWN, &HorizonCommand}};
 constexpr ToolCommand PICKER_COMMANDS[] = {{Pixtane::PVN_COLORPICKER_COLOR, &PickBegins},
                                            {Pixtane::PVN_LBUTTONDOWN, &PickCommand},
                                            {Pixtane::PVN_MOUSEMOVE, &PickCommand}};
@@ -189,8 +189,9 @@ constexpr TourStop EFFECT_TOUR[] = {
 constexpr TourStop SPOT_TOUR[] = {{"spots-removed", "spot-size 40; click 413 123; click 586 222"}};
 constexpr TourStop REDEYE_TOUR[] = {{"red-eyes-being-framed", "press 180 650; move 330 760"},
                                     {"red-eyes-removed", "release"}};
-constexpr TourStop STRAIGHTEN_TOUR[] = {{"horizon-being-drawn", "press 100 600; move 900 560"},
-                                        {"straightened", "release"}};
+constexpr TourStop STRAIGHTEN_TOUR[] = {{"horizon-being-drawn", "tool straighten; press 100 600; move 900 560"},
+                                        {"straightening-shown", "release"},
+                                        {"straightened", "apply-straighten"}};
 
 const Tool TOOLS[] = {
     {.pszWord = "hand",
@@ -327,11 +328,10 @@ const Tool TOOLS[] = {
     {.pszWord = "straighten",
      .pszText = QT_TRANSLATE_NOOP("Tool", "Straighten"),
      .pszKey = "G",
-     .pszHint = QT_TRANSLATE_NOOP("Tool", "Draw along what should be level or upright"),
+     .pszHint = QT_TRANSLATE_NOOP("Tool", "Draw along what should be level or upright; Enter applies, Esc puts back"),
      .icon = {"M 2 15 L 22 9 M 2 20 L 22 20 M 5 17 L 5 20 M 12 17 L 12 20 M 19 17 L 19 20"},
      .vOptions = HORIZON_OPTIONS,
-     .pPrepare = &PrepareHorizon,
-     .vCommands = HORIZON_COMMANDS,
+     .pBegin = &MakeStraighten,
      .vTour = STRAIGHTEN_TOUR},
     {.pszWord = "picker",
      .pszText = QT_TRANSLATE_NOOP("Tool", "Colour picker"),

@@ -106,7 +106,7 @@ constexpr TourStop SELECTION_STOPS[] = {
 constexpr TourStop SESSION[] = {
     {"session-photo", "select-none; revert; fit; tool straighten"},
     {"session-horizon", "horizon crop; press 20 579; move 500 562; move 860 547"},
-    {"session-straightened", "release"},
+    {"session-straightened", "release; apply-straighten"},
     {"session-cropped",
      "tool rectangle; rule new; feather 0; press 25 15; move 998 985; release; crop-to-selection; select-none"},
     {"session-spots", "tool spot; spot-size 36; click 90 174; click 405 104; click 584 214; click 485 324; "

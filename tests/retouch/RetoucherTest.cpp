@@ -451,8 +451,14 @@ TEST_F(RetoucherTest, CroppingTakesTheSelectionAlongAndIsOneStep)
     EXPECT_EQ(Pixel(200, 150), iDodged);
     Do("redo");
     EXPECT_EQ(size() + " " + Box(), "100x80 10,10,60,50");
-    Do("show-original"); // There is none of this size.
+    Do("show-original"); // Of another size: as large as it fits.
+    const auto& vCover = host.View().vCoverBmpData();
+    const SIZE szCover = host.View().rcCoverBmp().Size();
+    ASSERT_EQ(vCover.size(), static_cast<std::size_t>(szCover.cx) * szCover.cy * 4);
+    EXPECT_EQ(vCover[(static_cast<std::size_t>(szCover.cy) / 2 * szCover.cx + szCover.cx / 2) * 4], 100);
+    EXPECT_NE(vCover[static_cast<std::size_t>(szCover.cx) * 2], 100) << "beyond it";
     Do("show-result");
+    EXPECT_TRUE(vCover.empty());
     Do("revert");
     EXPECT_EQ(size() + " " + Box(), "300x200 none");
     EXPECT_EQ(Pixel(200, 150), 100);
@@ -467,12 +473,63 @@ TEST_F(RetoucherTest, CroppingTakesTheSelectionAlongAndIsOneStep)
     EXPECT_EQ(size(), "80x100");
     EXPECT_NE(Refusal("straighten nan crop"), "done");
     Do("tool straighten");
+    Drag({10, 20}, {10, 20}); // A click turns nothing.
+    EXPECT_EQ(retoucher.State().angle, 0);
     Drag({10, 20}, {60, 30});
+    Do("apply-straighten");
     EXPECT_EQ(retoucher.State().strUndo, "Straighten");
     EXPECT_LT(retoucher.State().szPhoto.cx, 80);
-    Drag({10, 20}, {10, 20}); // A click turns nothing.
     Do("undo");
     EXPECT_EQ(size(), "80x100");
+}
+
+TEST_F(RetoucherTest, StraighteningIsShownUntilItEndsOneWayOrTheOther)
+{
+    for (int y = 0; y < 200; ++y)
+        std::fill_n(retoucher.Photo()->Row(y), 4 * (y < 90 ? 300 : 0), BYTE{220});
+    const std::vector<BYTE> vBefore(retoucher.Photo()->Pixels(),
+                                    retoucher.Photo()->Pixels() + retoucher.Photo()->ByteCount());
+    Do("straighten 3 crop");
+    const CSize szCropped = retoucher.State().szPhoto;
+    const int iEdge = Pixel(40, 85);
+    Do("undo");
+    EXPECT_NE(Refusal("straighten-to 3"), "done") << "nothing is being straightened";
+    const struct
+    {
+        const char* pszEnd;
+        const char* pszStep;
+        bool bApplied;
+    } ENDS[] = {{"apply-straighten", "Straighten", true},
+                {"cancel-straighten", "", false},
+                {"undo", "", false},
+                {"select-all", "Select All", true},
+                {"tool rectangle", "Straighten", true}};
+    for (const auto& end : ENDS)
+    {
+        Do("tool straighten");
+        Drag({20, 50}, {220, 60});
+        Drag({280, 90}, {80, 100}); // Lines add up.
+        EXPECT_NEAR(*retoucher.State().angle, 0, 0.5);
+        Do("straighten-to 3");
+        Do("zoom-in");
+        Do("zoom-out");
+        EXPECT_NE(Refusal("straighten-to nan"), "done");
+        EXPECT_EQ(retoucher.State().angle, 3);
+        EXPECT_FALSE(host.View().vCoverBmpData().empty()) << "it is shown";
+        EXPECT_TRUE(std::equal(vBefore.begin(), vBefore.end(), retoucher.Photo()->Pixels())) << "nothing has changed";
+        Do(end.pszEnd);
+        EXPECT_TRUE(host.View().vCoverBmpData().empty());
+        EXPECT_FALSE(retoucher.State().angle);
+        EXPECT_EQ(retoucher.State().strUndo, end.pszStep) << end.pszEnd;
+        EXPECT_EQ(retoucher.State().szPhoto, end.bApplied ? szCropped : CSize(300, 200)) << end.pszEnd;
+        if (end.bApplied)
+        {
+            EXPECT_EQ(Pixel(40, 85), iEdge);
+        }
+        Do("revert");
+        while (!retoucher.State().strUndo.empty())
+            Do("undo");
+    }
 }
 
 TEST_F(RetoucherTest, AClickRemovesASpotAsOneStep)
