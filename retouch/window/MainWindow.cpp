@@ -54,7 +54,7 @@ CMainWindow::CMainWindow()
     MakeMenus();
     MakePalette();
     MakeOptionsBar();
-    MakeTransformBar();
+    MakeSessionBars();
     MakeStatusBar();
     RestoreSettings();
     m_retoucher.SetListener([this](const std::string& strError) { OnChanged(strError); });

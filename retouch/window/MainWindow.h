@@ -12,6 +12,7 @@ class CPhotoFiles;
 class COptionsBar;
 class CPixtaneWidget;
 class CStatusTexts;
+class CStraightenBar;
 class CTransformBar;
 class CWorkBar;
 class QLabel;
@@ -53,7 +54,7 @@ private:
     void MakeHelpMenu();
     void MakePalette();
     void MakeOptionsBar();
-    void MakeTransformBar();
+    void MakeSessionBars();
     void MakeStatusBar();
     void ShowOriginal(bool bShow);
     void RestorePlace();
@@ -107,6 +108,7 @@ private:
     QAction* m_pTint = nullptr;
     CChoiceGroup* m_pTools = nullptr;
     COptionsBar* m_pOptions = nullptr;
+    CStraightenBar* m_pStraighten = nullptr;
     CTransformBar* m_pTransform = nullptr; ///< In the options' place while the selection is being transformed.
     QAction* m_pCancel = nullptr;          ///< Stops the work in the background.
     CWorkBar* m_pWork = nullptr;

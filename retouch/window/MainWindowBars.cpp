@@ -7,6 +7,7 @@
 #include "window/OptionsBar.h"
 #include "window/PhotoFiles.h"
 #include "window/StatusTexts.h"
+#include "window/StraightenBar.h"
 #include "window/TransformBar.h"
 #include "window/WorkBar.h"
 
@@ -151,24 +152,28 @@ void CMainWindow::MakeOptionsBar()
     addToolBar(Qt::TopToolBarArea, m_pOptions);
 }
 
-void CMainWindow::MakeTransformBar()
+void CMainWindow::MakeSessionBars()
 {
-    m_pTransform = new CTransformBar(this,
-                                     [this](const std::string& strCommand)
-                                     {
-                                         Execute(strCommand);
-                                         m_retoucher.WhenIdle(
-                                             [this]
-                                             {
-                                                 if (!m_retoucher.State().bInSession)
-                                                     m_pView->setFocus();
-                                             });
-                                     });
-    addToolBar(Qt::TopToolBarArea, m_pTransform);
+    const auto execute = [this](const std::string& strCommand)
+    {
+        Execute(strCommand);
+        m_retoucher.WhenIdle(
+            [this]
+            {
+                if (!m_retoucher.State().bInSession)
+                    m_pView->setFocus();
+            });
+    };
+    m_pTransform = new CTransformBar(this, execute);
+    m_pStraighten = new CStraightenBar(this, execute);
     // The picture stays where it is when one bar takes the other's place.
-    const int cy = std::max(m_pOptions->sizeHint().height(), m_pTransform->sizeHint().height());
-    m_pOptions->setFixedHeight(cy);
-    m_pTransform->setFixedHeight(cy);
+    int cy = 0;
+    for (QToolBar* const pBar : std::initializer_list<QToolBar*>{m_pOptions, m_pTransform, m_pStraighten})
+        cy = std::max(cy, pBar->sizeHint().height());
+    for (QToolBar* const pBar : std::initializer_list<QToolBar*>{m_pOptions, m_pTransform, m_pStraighten})
+        pBar->setFixedHeight(cy);
+    addToolBar(Qt::TopToolBarArea, m_pTransform);
+    addToolBar(Qt::TopToolBarArea, m_pStraighten);
 }
 
 void CMainWindow::MakeStatusBar()
@@ -219,6 +224,9 @@ void CMainWindow::Refresh()
     m_pTransform->SetUsable(state.frame.has_value());
     if (state.frame)
         m_pTransform->Show(*state.frame, state.szPhoto);
+    m_pStraighten->SetUsable(state.angle.has_value());
+    if (state.angle)
+        m_pStraighten->Show(*state.angle);
     m_pCancel->setEnabled(state.work.has_value());
     m_pWork->Show(state);
     const CRect rcBox = state.frame.value_or(state.rcSelection);

@@ -6,9 +6,8 @@
 #include <QScopedValueRollback>
 
 CTransformBar::CTransformBar(QWidget* pParent, ExecuteCommand execute)
-    : QToolBar(tr("Transform"), pParent), m_Execute(std::move(execute))
+    : CSessionBar(tr("Transform"), pParent, std::move(execute))
 {
-    setMovable(false);
     const QString vLabels[] = {tr(" &X "), tr("  &Y "), tr("  &Width "), tr("  Hei&ght ")};
     for (std::size_t i = 0; i < m_vNumbers.size(); ++i)
     {
@@ -21,23 +20,7 @@ CTransformBar::CTransformBar(QWidget* pParent, ExecuteCommand execute)
         addWidget(pNumber);
         connect(pNumber, &QSpinBox::valueChanged, this, &CTransformBar::Send);
     }
-    addSeparator();
-    AddEnd(tr("Apply"), "apply-transform", {QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
-    AddEnd(tr("Cancel"), "cancel-transform", {QKeySequence(Qt::Key_Escape)});
-}
-
-void CTransformBar::AddEnd(const QString& strText, const std::string& strCommand, const QList<QKeySequence>& vKeys)
-{
-    QAction* const pAction = addAction(strText);
-    widgetForAction(pAction)->setFocusPolicy(Qt::TabFocus);
-    pAction->setShortcuts(vKeys);
-    connect(pAction, &QAction::triggered, this,
-            [this, strCommand]
-            {
-                for (QSpinBox* const pNumber : m_vNumbers)
-                    pNumber->interpretText(); // What is being typed counts.
-                m_Execute(strCommand);
-            });
+    AddEnds("apply-transform", "cancel-transform");
 }
 
 void CTransformBar::Send()
@@ -60,11 +43,4 @@ void CTransformBar::Show(const CRect& rc, CSize szPhoto)
         m_vNumbers[i]->setRange(i < 2 ? 0 : 1, vMost[i]);
         m_vNumbers[i]->setValue(vNow[i]);
     }
-}
-
-void CTransformBar::SetUsable(bool bUsable)
-{
-    setVisible(bUsable);
-    for (QAction* const pAction : actions())
-        pAction->setEnabled(bUsable);
 }
