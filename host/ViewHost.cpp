@@ -89,11 +89,16 @@ BOOL CViewHost::PreTranslateMessage(MSG* pMsg)
     return TRUE;
 }
 
+void CViewHost::WriteDown(const std::string& strCommand) const
+{
+    winlite::TheJournal().OnCommand(m_strPrefix + strCommand);
+}
+
 void CViewHost::ScrollByGesture(int dx, int dy)
 {
     std::ostringstream command;
     command << SCROLL_COMMAND << " " << dx << " " << dy;
-    winlite::TheJournal().OnCommand(command.str());
+    WriteDown(command.str());
     m_view.MoveImage(dx, dy);
 }
 
@@ -102,7 +107,7 @@ void CViewHost::ZoomByGesture(double dbZoom, ExactPoint ptWindow)
     std::ostringstream command;
     command.precision(std::numeric_limits<double>::max_digits10);
     command << ZOOM_COMMAND << " " << dbZoom << " " << ptWindow.x << " " << ptWindow.y;
-    winlite::TheJournal().OnCommand(command.str());
+    WriteDown(command.str());
     m_Zoom.ZoomAbout(dbZoom, ptWindow);
 }
 
@@ -113,13 +118,15 @@ void CViewHost::ShowCursor()
 
 void CViewHost::PointerLeft()
 {
-    winlite::TheJournal().OnCommand(POINTER_LEFT_COMMAND);
+    WriteDown(POINTER_LEFT_COMMAND);
     m_view.Invalidate(FALSE);
 }
 
 bool CViewHost::Execute(const std::string& strCommand)
 {
-    std::istringstream command(strCommand);
+    if (!strCommand.starts_with(m_strPrefix))
+        return false;
+    std::istringstream command(strCommand.substr(m_strPrefix.size()));
     std::string strName;
     command >> strName;
     if (strName == POINTER_LEFT_COMMAND)

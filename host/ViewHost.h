@@ -47,8 +47,11 @@ public:
     /// The pointer has left the picture: what a tool shows about it goes.
     void PointerLeft();
 
-    /// Repeats one of these three from a recorded session; FALSE for other commands.
+    /// Repeats one of these three from a recorded session; FALSE for other commands, and those of another view.
     bool Execute(const std::string& strCommand);
+
+    /// Tells this view's commands from those of another one in the program: a word, none at first.
+    void SetName(const std::string& strName) { m_strPrefix = strName + " "; }
 
 protected:
     BOOL PreTranslateMessage(MSG* pMsg) override;
@@ -59,11 +62,13 @@ protected:
 
 private:
     bool Holds(HWND hWnd) const;
+    void WriteDown(const std::string& strCommand) const;
     void TellKey(const MSG& msg);
 
     std::vector<std::weak_ptr<const Listener>> m_vListeners;
     std::vector<std::weak_ptr<const KeyListener>> m_vKeyListeners;
     std::function<bool()> m_IsPressesOnly;
+    std::string m_strPrefix; ///< Of the commands.
     Pixtane::CPixtane m_view;
     CViewZoom m_Zoom{m_view};
 };
