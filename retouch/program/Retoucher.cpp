@@ -132,6 +132,8 @@ void CRetoucher::FollowTool()
 void CRetoucher::Tell(const std::string& strError)
 {
     FollowTool();
+    if (m_Follower)
+        m_Follower();
     if (m_Listener)
         m_Listener(strError);
 }

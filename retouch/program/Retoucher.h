@@ -11,6 +11,7 @@
 
 #include <string>
 #include <tuple>
+#include <utility>
 
 /// The program without its window: the photo in a view, its tools and history, and everything a person can do with them
 /// as commands of one line of text. Menus, keys, recorded sessions, the tour and scripts all come through Execute; what
@@ -60,6 +61,9 @@ public:
     using Listener = std::function<void(const std::string& strError)>;
     void SetListener(Listener listener) { m_Listener = std::move(listener); }
 
+    /// Is called, before the listener, when the photo's pixels may have changed: in a session and in its replay alike.
+    void SetFollower(std::function<void()> follower) { m_Follower = std::move(follower); }
+
     /// In a replay the commands that tools stand for come from the recording, not from the tools.
     void LeaveToolCommands() { m_bToolCommands = false; }
 
@@ -68,6 +72,10 @@ public:
 
     /// The photo, to look at; NULL before the first was opened.
     CPhoto* Photo() { return m_document.Photo(); }
+
+    /// Another value after every change of its pixels.
+    using PixelState = std::pair<unsigned, unsigned>;
+    PixelState Pixels() const { return {m_document.PhotoCount(), m_document.History().Current().uPixels}; }
 
     /// The settings kept under a name of the tools' rows, as the tool's own bytes, and back, as commands. FALSE for
     /// bytes that the tool refuses.
@@ -87,6 +95,7 @@ private:
 
     CViewHost& m_host;
     Listener m_Listener;
+    std::function<void()> m_Follower;
     CDocument m_document;
     CPresenter m_presenter{m_host.View(), m_document};
     CSelection m_selection{m_host.View(), m_document, m_presenter};

@@ -3,6 +3,7 @@
 #include "document/PngFile.h"
 #include "headless/HeadlessDesktop.h"
 #include "journal/JournalPlayer.h"
+#include "program/Navigator.h"
 #include "program/Retoucher.h"
 #include "user/Window.h"
 
@@ -29,6 +30,8 @@ public:
         CViewHost host;
         CRetoucher retoucher(host);
         retoucher.LeaveToolCommands();
+        CViewHost small; // The real program has it, seen or not.
+        const CNavigator navigator(small, host, retoucher);
         std::string strError;
         bool bRefused = false;
         const auto execute = [&](const std::string& strCommand)
@@ -39,8 +42,8 @@ public:
             if (strCommand.starts_with("save"))
                 return true; // A replay writes no photos.
             const bool bReplaced = !strPhoto.empty() && strCommand.starts_with("open");
-            bRefused =
-                !host.Execute(strCommand) && !retoucher.Execute(bReplaced ? "open " + strPhoto : strCommand, strError);
+            bRefused = !host.Execute(strCommand) && !small.Execute(strCommand) &&
+                       !retoucher.Execute(bReplaced ? "open " + strPhoto : strCommand, strError);
             return true;
         };
         try
