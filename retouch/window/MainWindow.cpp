@@ -4,6 +4,7 @@
 #include "qtdesktop/QtDesktop.h"
 #include "window/HeldInput.h"
 #include "window/Label.h"
+#include "window/NavigatorDock.h"
 #include "window/PhotoFiles.h"
 #include "window/RecentFiles.h"
 #include "window/StatusTexts.h"
@@ -23,6 +24,7 @@ namespace
 {
 
 const char* const PLACE = "windowPlace";
+const char* const NAVIGATOR = "navigator";
 constexpr int FOCUS_FRAME = 2;
 constexpr DWORD BACKGROUND = RGB(58, 60, 64);
 
@@ -51,6 +53,7 @@ CMainWindow::CMainWindow()
     m_pView->SetFocusFrame(FOCUS_FRAME);
     m_pView->setAccessibleName(tr("Photo"));
     m_pView->SetToolKeys([this](UINT uKey) { return UsesKey(uKey); });
+    MakeNavigator();
     MakeMenus();
     MakePalette();
     MakeOptionsBar();
@@ -74,7 +77,17 @@ CMainWindow::~CMainWindow()
 {
     m_retoucher.SetListener({});
     QSettings().setValue(PLACE, saveGeometry());
+    QSettings().setValue(NAVIGATOR, !m_pNavigator->isHidden());
     KeepSettings();
+    delete m_pNavigator; // It looks at the program, which goes before the windows.
+}
+
+void CMainWindow::MakeNavigator()
+{
+    constexpr int ROOMY = 1600; // Smaller screens have better use for the place.
+    m_pNavigator = new CNavigatorDock(this, *m_pView, m_retoucher);
+    addDockWidget(Qt::RightDockWidgetArea, m_pNavigator);
+    m_pNavigator->setVisible(QSettings().value(NAVIGATOR, screen()->availableSize().width() >= ROOMY).toBool());
 }
 
 void CMainWindow::Execute(const std::string& strCommand)

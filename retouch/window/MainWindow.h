@@ -12,6 +12,7 @@ class CPhotoFiles;
 class COptionsBar;
 class CPixtaneWidget;
 class CStatusTexts;
+class CNavigatorDock;
 class CStraightenBar;
 class CTransformBar;
 class CWorkBar;
@@ -56,6 +57,7 @@ private:
     void MakeOptionsBar();
     void MakeSessionBars();
     void MakeStatusBar();
+    void MakeNavigator();
     void ShowOriginal(bool bShow);
     void RestorePlace();
     void RestoreSettings();
@@ -100,6 +102,7 @@ private:
     unsigned m_uPhotos = 0; ///< Photos that have been shown, as far as the window knows.
     bool m_bFitWhenShown = false;
     bool m_bOriginal = false; ///< B is held.
+    CNavigatorDock* m_pNavigator = nullptr;
     QAction* m_pUndo = nullptr;
     QAction* m_pRedo = nullptr;
     QList<QAction*> m_vOnSelection; ///< What there is nothing to do for without a selection.

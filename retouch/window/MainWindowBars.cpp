@@ -4,6 +4,7 @@
 #include "window/HelpPages.h"
 #include "window/Label.h"
 #include "window/MainWindow.h"
+#include "window/NavigatorDock.h"
 #include "window/OptionsBar.h"
 #include "window/PhotoFiles.h"
 #include "window/StatusTexts.h"
@@ -95,6 +96,11 @@ void CMainWindow::MakeViewMenu()
     AddCommand(*pMenu, tr("Zoom &Out"), {QKeySequence::ZoomOut}, "zoom-out");
     AddCommand(*pMenu, tr("&Fit"), {QKeySequence(tr("Ctrl+0"))}, "fit");
     AddCommand(*pMenu, tr("O&ne to One"), {QKeySequence(tr("Ctrl+1"))}, "one-to-one");
+    pMenu->addSeparator();
+    QAction* const pNavigator = m_pNavigator->toggleViewAction();
+    pNavigator->setText(tr("Na&vigator"));
+    pNavigator->setShortcut(QKeySequence(tr("N")));
+    pMenu->addAction(pNavigator);
     pMenu->addSeparator();
     pMenu->addAction(tr("Hold B to see the original, Space for the hand"))->setEnabled(false);
 }
