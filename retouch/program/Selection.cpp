@@ -26,7 +26,10 @@ bool CSelection::AddStep(const std::string& strStep)
         return false;
     const CHistory::State& now = m_document.History().Current();
     if (!IsThere() && !now.vSelected.empty())
-        m_last = now;
+    {
+        m_last.mask = now.mask;
+        m_last.vSelected = now.vSelected;
+    }
     m_presenter.Update();
     CHistory::State state;
     state.strName = strStep;
