@@ -153,21 +153,38 @@ std::shared_ptr<const CTiledSnapshot::Tile> CTiledSnapshot::Take(std::size_t iTi
 
 void CTiledSnapshot::Restore(std::span<BYTE> vBytes, const CTiledSnapshot& shown) const
 {
+    for (const KeptTile& tile : Beyond(shown))
+        WriteTile(tile.iTile, *tile.pTile, vBytes);
+}
+
+std::vector<CTiledSnapshot::KeptTile> CTiledSnapshot::Beyond(const CTiledSnapshot& other) const
+{
+    const bool bSameSize = HasSizeOf(other);
+    std::vector<KeptTile> vTiles;
     for (std::size_t i = 0; i < m_vTiles.size(); ++i)
     {
-        if (!m_vTiles[i] || (i < shown.m_vTiles.size() && shown.m_vTiles[i] == m_vTiles[i]))
-            continue;
-        const Tile& tile = *m_vTiles[i];
-        const Area area = AreaOf(i);
-        for (std::size_t y = 0; y < area.nRows; ++y)
-        {
-            BYTE* const pRow = vBytes.data() + (area.iTop + y) * m_nRow + area.iLeft;
-            if (tile.size() == 1)
-                std::memset(pRow, tile.front(), area.nBytes);
-            else
-                std::memcpy(pRow, tile.data() + y * area.nBytes, area.nBytes);
-        }
+        if (m_vTiles[i] && !(bSameSize && other.m_vTiles[i] == m_vTiles[i]))
+            vTiles.push_back({i, m_vTiles[i]});
     }
+    return vTiles;
+}
+
+bool CTiledSnapshot::WriteTile(std::size_t iTile, std::span<const BYTE> vTile, std::span<BYTE> vBytes) const
+{
+    if (iTile >= m_vTiles.size() || vBytes.size() != m_nRow * m_nRows)
+        return false;
+    const Area area = AreaOf(iTile);
+    if (vTile.size() != 1 && vTile.size() != area.nRows * area.nBytes)
+        return false;
+    for (std::size_t y = 0; y < area.nRows; ++y)
+    {
+        BYTE* const pRow = vBytes.data() + (area.iTop + y) * m_nRow + area.iLeft;
+        if (vTile.size() == 1)
+            std::memset(pRow, vTile.front(), area.nBytes);
+        else
+            std::memcpy(pRow, vTile.data() + y * area.nBytes, area.nBytes);
+    }
+    return true;
 }
 
 void CTiledSnapshot::PickPixels(std::size_t iRow, std::span<const int> vColumns, const BYTE* pShown,

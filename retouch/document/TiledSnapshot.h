@@ -30,6 +30,9 @@ public:
     Area Whole() const { return {0, 0, m_nRows, m_nRow}; }
     bool HasSizeOf(const CTiledSnapshot& other) const { return m_nRow == other.m_nRow && m_nRows == other.m_nRows; }
 
+    /// The bytes of a tile, row by row; a single one for all that are the same.
+    using Tile = std::vector<BYTE>;
+
     /// What to keep of a picture whose bytes change in an area.
     struct Change;
 
@@ -51,6 +54,12 @@ public:
     /// picture as it is now. Any thread.
     void PickPixels(std::size_t iRow, std::span<const int> vColumns, const BYTE* pShown, BYTE* pPixels) const;
 
+    /// The tiles that it has and the other one has not, or has others of; all when that has another size.
+    std::vector<KeptTile> Beyond(const CTiledSnapshot& other) const;
+
+    /// Writes a tile into a whole picture; FALSE when it is none of it.
+    bool WriteTile(std::size_t iTile, std::span<const BYTE> vTile, std::span<BYTE> vBytes) const;
+
     /// Whether both hold the same bytes because nothing changed between them.
     bool IsSameAs(const CTiledSnapshot& other) const;
 
@@ -61,9 +70,6 @@ private:
     // Low ones: a stroke along the rows then keeps little beside itself.
     static constexpr std::size_t TILE_ROWS = TILE_SIDE;
     static constexpr std::size_t TILE_BYTES = TILE_SIDE * 4; ///< A row.
-
-    /// Row by row; one byte for a tile of one value.
-    using Tile = std::vector<BYTE>;
 
     std::size_t TilesAcross() const { return (m_nRow + TILE_BYTES - 1) / TILE_BYTES; }
     std::size_t TilesDown() const { return (m_nRows + TILE_ROWS - 1) / TILE_ROWS; }
