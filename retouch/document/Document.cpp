@@ -17,6 +17,7 @@ std::optional<CPhoto> CDocument::Replace(CPhoto photo, std::string strPath)
 
 void CDocument::Saved(PhotoOrigin origin)
 {
+    ++m_uSaves;
     m_strPath = origin.strPath;
     m_photo->SetOrigin(std::move(origin));
     m_history.MarkSaved();

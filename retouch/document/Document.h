@@ -19,6 +19,9 @@ public:
     /// The file it was opened from; empty for none.
     const std::string& OpenedPath() const { return m_strOpened; }
 
+    /// How often it was written so far.
+    unsigned SaveCount() const { return m_uSaves; }
+
     /// Whether the photo's pixels are not what its file holds, or what was opened when it has none.
     bool IsUnsaved() const { return m_photo && !m_history.IsSaved(); }
 
@@ -92,6 +95,7 @@ private:
     std::string m_strPath;
     std::string m_strOpened;
     unsigned m_uPhotos = 0;
+    unsigned m_uSaves = 0;
     CTiledSnapshot m_original; ///< As far as anything has changed it.
     bool m_bChanged = false;
     CHistory m_history;
