@@ -8,6 +8,7 @@
 #include "program/ColourPick.h"
 #include "program/Limits.h"
 #include "program/LongWork.h"
+#include "program/Recovery.h"
 #include "program/Reshape.h"
 #include "program/Saving.h"
 #include "program/Selection.h"
@@ -174,6 +175,12 @@ std::vector<Command> PhotoCommands()
         {"open-sample",
          {},
          AsJob([](P& parts, const Values&) { return OpenSampleJob(parts); }),
+         Middle::Ends,
+         DuringJob::Cancels},
+        {"recover",
+         {{"FILE", Argument::Kind::Path}},
+         Command::Prepare([](P& parts, const Values& v, std::string& strError)
+                          { return RecoverJob(parts, Text(v, 0), strError); }),
          Middle::Ends,
          DuringJob::Cancels},
         {"save",

@@ -129,11 +129,18 @@ void CRetoucher::FollowTool()
         m_host.ShowCursor();
 }
 
+void CRetoucher::FlushSteps()
+{
+    if (m_pKeeper)
+        m_pKeeper->Flush();
+}
+
 void CRetoucher::Tell(const std::string& strError)
 {
     FollowTool();
     if (m_Follower)
         m_Follower();
+    const std::string strUnkept = m_pKeeper ? m_pKeeper->Follow() : "";
     if (m_Listener)
-        m_Listener(strError);
+        m_Listener(strError.empty() ? strUnkept : strError);
 }

@@ -7,8 +7,10 @@
 #include "program/ProgramParts.h"
 #include "program/ProgramState.h"
 #include "program/Selection.h"
+#include "program/StepKeeper.h"
 #include "program/ToolBox.h"
 
+#include <memory>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -64,6 +66,12 @@ public:
     /// Is called, before the listener, when the photo's pixels may have changed: in a session and in its replay alike.
     void SetFollower(std::function<void()> follower) { m_Follower = std::move(follower); }
 
+    /// Keeps all work from here on in a folder of the user's own, so that it can be recovered after an unexpected end.
+    void KeepSteps(const std::string& strFolder) { m_pKeeper = std::make_unique<CStepKeeper>(m_document, strFolder); }
+
+    /// Waits until the work that there is is kept.
+    void FlushSteps();
+
     /// In a replay the commands that tools stand for come from the recording, not from the tools.
     void LeaveToolCommands() { m_bToolCommands = false; }
 
@@ -106,6 +114,7 @@ private:
     CursorOwner m_cursorOf = {nullptr, nullptr, 0}; ///< What the cursor was shown for last.
     std::string m_strPending; ///< What the selection's change that is under way will be called; empty for none.
     bool m_bToolCommands = true;
+    std::unique_ptr<CStepKeeper> m_pKeeper; ///< NULL for a program that keeps nothing.
     CCommandRunner m_runner;
     std::vector<CViewHost::Subscription> m_vSubscriptions;
 };

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "document/Document.h"
+#include "document/SessionJournal.h"
+
+/// Keeps the work on the document for a recovery: all that no file holds. User-interface thread.
+class CStepKeeper
+{
+public:
+    /// In a folder of the user's own; the document must outlive it.
+    CStepKeeper(CDocument& document, const std::string& strFolder) : m_document(document), m_journal(strFolder) {}
+
+    /// Something may have changed. Returns a message once when nothing can be kept from here on.
+    std::string Follow();
+
+    /// Waits until all of it is in the file.
+    void Flush() { m_journal.Flush(); }
+
+private:
+    void Begin(bool bWhole);
+    void Append();
+
+    CDocument& m_document;
+    CSessionJournal m_journal;
+    unsigned m_uPhotos = 0;
+    unsigned m_uSaves = 0;
+    unsigned m_uRevision = 0;
+    bool m_bWhole = false;    ///< The photo's file has been written since it was opened.
+    bool m_bAnything = false; ///< There is something to recover.
+};
