@@ -36,6 +36,7 @@ int ShowWindow(const QStringList& vPhotos)
     CMainWindow window;
     window.show();
     window.OpenFirst(vPhotos);
+    window.KeepWork();
     return QApplication::exec();
 }
 

@@ -7,6 +7,7 @@
 #include "window/NavigatorDock.h"
 #include "window/PhotoFiles.h"
 #include "window/RecentFiles.h"
+#include "window/RecoveryQuestion.h"
 #include "window/StatusTexts.h"
 
 #include <algorithm>
@@ -144,6 +145,12 @@ void CMainWindow::FillRecentMenu()
 void CMainWindow::OpenFile(const QString& strPath) { m_pFiles->Open(strPath); }
 
 void CMainWindow::OpenFirst(const QStringList& vPaths) { m_pFiles->OpenFirst(vPaths); }
+
+void CMainWindow::KeepWork()
+{
+    m_retoucher.KeepSteps(SessionFolder());
+    OfferRecovery(*this, m_retoucher, [this](const std::string& strCommand) { Execute(strCommand); });
+}
 
 void CMainWindow::closeEvent(QCloseEvent* pEvent)
 {

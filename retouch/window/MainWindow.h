@@ -35,6 +35,9 @@ public:
     /// sample picture. Asks first when changes would be lost.
     void OpenFile(const QString& strPath);
 
+    /// Keeps the work for a recovery from here on, and asks about work that is to be recovered.
+    void KeepWork();
+
     /// Opens the first of several photos and tells of the others; the sample picture for none.
     void OpenFirst(const QStringList& vPaths);
 
