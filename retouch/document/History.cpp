@@ -83,7 +83,7 @@ void CHistory::ForgetOldest()
     }
 }
 
-const CHistory::State* CHistory::Go(std::size_t iState)
+const CHistory::State* CHistory::To(std::size_t iState)
 {
     if (iState >= m_vStates.size())
         return nullptr;
@@ -91,10 +91,6 @@ const CHistory::State* CHistory::Go(std::size_t iState)
     ++m_uRevision;
     return &Current();
 }
-
-const CHistory::State* CHistory::Back() { return m_iCurrent > 0 ? Go(m_iCurrent - 1) : nullptr; }
-
-const CHistory::State* CHistory::Forth() { return Go(m_iCurrent + 1); }
 
 std::string CHistory::ForthName() const
 {

@@ -47,8 +47,13 @@ public:
 
     /// The state now, and the ones to go back and forth to; NULL when there is none.
     const State& Current() const { return m_vStates[m_iCurrent]; }
-    const State* Back();
-    const State* Forth();
+    const State* Back() { return m_iCurrent > 0 ? To(m_iCurrent - 1) : nullptr; }
+    const State* Forth() { return To(m_iCurrent + 1); }
+    const State* To(std::size_t iState);
+
+    /// All states there are, the oldest first, and which of them is the current one.
+    const std::deque<State>& States() const { return m_vStates; }
+    std::size_t CurrentIndex() const { return m_iCurrent; }
 
     /// What would be undone or done again; empty when nothing would.
     std::string BackName() const { return m_iCurrent > 0 ? Current().strName : ""; }
@@ -56,7 +61,6 @@ public:
 
 private:
     void ForgetOldest();
-    const State* Go(std::size_t iState);
 
     std::deque<State> m_vStates{1};
     std::deque<std::size_t> m_vBytes{0}; ///< What each holds beyond the one before.

@@ -93,7 +93,7 @@ void RepeatPick(ProgramParts& parts)
     if (!bValid)
         return;
     if (pick->bStep)
-        GoTo(parts, &CHistory::Back);
+        Undo(parts);
     std::string strError;
     if (pick->bRange)
         SelectColour(parts, pick->ptBitmap, strError);

@@ -234,8 +234,19 @@ std::vector<Command> PhotoCommands()
         {"mirror", {}, AsJob([](P& parts, const Values&) { return TurnJob(parts, Turn::MirrorLeftRight); })},
         {"flip", {}, AsJob([](P& parts, const Values&) { return TurnJob(parts, Turn::MirrorUpsideDown); })},
         {"revert", {}, AsJob([](P& parts, const Values&) { return RevertJob(parts); })},
-        {"undo", {}, Simply([](P& parts) { GoTo(parts, &CHistory::Back); }), Middle::TakesBack},
-        {"redo", {}, Simply([](P& parts) { GoTo(parts, &CHistory::Forth); })},
+        {"undo", {}, Simply(&Undo), Middle::TakesBack},
+        {"redo", {}, Simply(&Redo)},
+        {"history",
+         {{"STEP", Argument::Kind::Number, 0, ANY}},
+         [](P& parts, const Values& v, std::string& strError)
+         {
+             const auto iState = static_cast<std::size_t>(Number(v, 0));
+             if (iState >= parts.document.History().States().size())
+                 strError = Message(QT_TRANSLATE_NOOP("Program", "there is no step %1"), {std::to_string(iState)});
+             else
+                 GoToState(parts, iState);
+             return strError.empty();
+         }},
         {"cancel", {}, Simply([](P&) {}), Middle::Keeps, DuringJob::Cancels},
     };
 }

@@ -28,6 +28,9 @@ ProgramState StateOf(const ProgramParts& parts, const CJobs& jobs)
     const std::string strSession = pSession ? pSession->StepName() : "";
     state.strUndo = strSession.empty() ? parts.document.History().BackName() : strSession;
     state.strRedo = parts.document.History().ForthName();
+    for (const CHistory::State& step : parts.document.History().States())
+        state.vSteps.push_back({state.vSteps.empty() ? "" : step.strName, step.uPixels});
+    state.iStep = static_cast<int>(parts.document.History().CurrentIndex());
     state.bForgot = parts.document.History().HasForgotten();
     state.strTool = parts.tools.Current().pszWord;
     state.strHint = pSession && pSession->Hint() ? pSession->Hint() : parts.tools.Current().pszHint;

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 /// What the window shows of the program, as it was at a moment. Words are those of the commands; names of steps, jobs
 /// and hints are yet to be translated (contexts "History" and "Tool").
@@ -17,7 +18,16 @@ struct ProgramState
     unsigned uPhotos;    ///< How many have been shown so far.
     std::string strUndo; ///< What would be undone or done again; empty for nothing.
     std::string strRedo;
-    bool bForgot; ///< The oldest steps are forgotten, to save memory.
+
+    /// What the person did to come to a state of the photo; the first is what was opened, or the oldest that is kept.
+    struct Step
+    {
+        std::string strName; ///< Empty for the first.
+        unsigned uPixels;    ///< Equal numbers, equal pixels.
+    };
+    std::vector<Step> vSteps; ///< Also those that were undone.
+    int iStep;                ///< The one that is shown.
+    bool bForgot;             ///< The oldest steps are forgotten, to save memory.
 
     // The tool.
     std::string strTool;

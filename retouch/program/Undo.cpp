@@ -4,12 +4,13 @@
 #include "program/Selection.h"
 #include "view/Pixtane.h"
 
-void GoTo(ProgramParts& parts, const CHistory::State* (CHistory::*pStep)())
+namespace
 {
-    CHistory& history = parts.document.History();
-    const CHistory::State* const pBefore = &history.Current();
-    const CHistory::State* const pState = (history.*pStep)();
-    if (!pState)
+
+/// Shows a state that has become the current one; NULL for none.
+void Show(ProgramParts& parts, const CHistory::State* pBefore, const CHistory::State* pState)
+{
+    if (!pState || pState == pBefore)
         return;
     if (parts.document.HasOtherSize(*pState))
     {
@@ -23,4 +24,27 @@ void GoTo(ProgramParts& parts, const CHistory::State* (CHistory::*pStep)())
     if (!CHistory::SelectsSame(*pState, *pBefore))
         parts.selection.Restore(*pState);
     parts.presenter.Update();
+}
+
+} // namespace
+
+void Undo(ProgramParts& parts)
+{
+    CHistory& history = parts.document.History();
+    const CHistory::State* const pBefore = &history.Current();
+    Show(parts, pBefore, history.Back());
+}
+
+void Redo(ProgramParts& parts)
+{
+    CHistory& history = parts.document.History();
+    const CHistory::State* const pBefore = &history.Current();
+    Show(parts, pBefore, history.Forth());
+}
+
+void GoToState(ProgramParts& parts, std::size_t iState)
+{
+    CHistory& history = parts.document.History();
+    const CHistory::State* const pBefore = &history.Current();
+    Show(parts, pBefore, history.To(iState));
 }

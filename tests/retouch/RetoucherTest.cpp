@@ -451,6 +451,15 @@ TEST_F(RetoucherTest, CroppingTakesTheSelectionAlongAndIsOneStep)
     EXPECT_EQ(Pixel(200, 150), iDodged);
     Do("redo");
     EXPECT_EQ(size() + " " + Box(), "100x80 10,10,60,50");
+    // The whole list, and steps by their numbers.
+    std::string strSteps;
+    for (const auto& step : retoucher.State().vSteps)
+        strSteps += step.strName + ",";
+    EXPECT_EQ(strSteps, ",Rectangle Selection,Crop,Crop,");
+    for (const int iStep : {0, 3, 1, 2})
+        Do("history " + std::to_string(iStep));
+    EXPECT_EQ(size() + " " + Box() + " " + std::to_string(retoucher.State().iStep), "100x80 10,10,60,50 2");
+    EXPECT_NE(Refusal("history 4"), "done");
     Do("show-original"); // Of another size: as large as it fits.
     const auto& vCover = host.View().vCoverBmpData();
     const SIZE szCover = host.View().rcCoverBmp().Size();
