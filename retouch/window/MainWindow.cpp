@@ -3,6 +3,7 @@
 #include "qt/PixtaneWidget.h"
 #include "qtdesktop/QtDesktop.h"
 #include "window/HeldInput.h"
+#include "window/HistoryDock.h"
 #include "window/Label.h"
 #include "window/NavigatorDock.h"
 #include "window/PhotoFiles.h"
@@ -26,6 +27,7 @@ namespace
 
 const char* const PLACE = "windowPlace";
 const char* const NAVIGATOR = "navigator";
+const char* const HISTORY = "history";
 constexpr int FOCUS_FRAME = 2;
 constexpr DWORD BACKGROUND = RGB(58, 60, 64);
 
@@ -54,7 +56,7 @@ CMainWindow::CMainWindow()
     m_pView->SetFocusFrame(FOCUS_FRAME);
     m_pView->setAccessibleName(tr("Photo"));
     m_pView->SetToolKeys([this](UINT uKey) { return UsesKey(uKey); });
-    MakeNavigator();
+    MakePanels();
     MakeMenus();
     MakePalette();
     MakeOptionsBar();
@@ -79,16 +81,22 @@ CMainWindow::~CMainWindow()
     m_retoucher.SetListener({});
     QSettings().setValue(PLACE, saveGeometry());
     QSettings().setValue(NAVIGATOR, !m_pNavigator->isHidden());
+    QSettings().setValue(HISTORY, !m_pHistory->isHidden());
     KeepSettings();
     delete m_pNavigator; // It looks at the program, which goes before the windows.
 }
 
-void CMainWindow::MakeNavigator()
+void CMainWindow::MakePanels()
 {
     constexpr int ROOMY = 1600; // Smaller screens have better use for the place.
+    const bool bRoom = screen()->availableSize().width() >= ROOMY;
     m_pNavigator = new CNavigatorDock(this, *m_pView, m_retoucher);
+    m_pHistory = new CHistoryDock(this, [this](const std::string& strCommand) { Execute(strCommand); });
     addDockWidget(Qt::RightDockWidgetArea, m_pNavigator);
-    m_pNavigator->setVisible(QSettings().value(NAVIGATOR, screen()->availableSize().width() >= ROOMY).toBool());
+    addDockWidget(Qt::RightDockWidgetArea, m_pHistory);
+    m_pNavigator->setVisible(QSettings().value(NAVIGATOR, bRoom).toBool());
+    m_pHistory->setVisible(QSettings().value(HISTORY, bRoom).toBool());
+    resizeDocks({m_pNavigator, m_pHistory}, {1, screen()->availableSize().height()}, Qt::Vertical);
 }
 
 void CMainWindow::Execute(const std::string& strCommand)

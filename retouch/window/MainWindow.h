@@ -12,6 +12,7 @@ class CPhotoFiles;
 class COptionsBar;
 class CPixtaneWidget;
 class CStatusTexts;
+class CHistoryDock;
 class CNavigatorDock;
 class CStraightenBar;
 class CTransformBar;
@@ -60,7 +61,7 @@ private:
     void MakeOptionsBar();
     void MakeSessionBars();
     void MakeStatusBar();
-    void MakeNavigator();
+    void MakePanels();
     void ShowOriginal(bool bShow);
     void RestorePlace();
     void RestoreSettings();
@@ -105,6 +106,7 @@ private:
     unsigned m_uPhotos = 0; ///< Photos that have been shown, as far as the window knows.
     bool m_bFitWhenShown = false;
     bool m_bOriginal = false; ///< B is held.
+    CHistoryDock* m_pHistory = nullptr;
     CNavigatorDock* m_pNavigator = nullptr;
     QAction* m_pUndo = nullptr;
     QAction* m_pRedo = nullptr;

@@ -2,6 +2,7 @@
 #include "qt/PixtaneWidget.h"
 #include "window/BrightnessDialog.h"
 #include "window/HelpPages.h"
+#include "window/HistoryDock.h"
 #include "window/Label.h"
 #include "window/MainWindow.h"
 #include "window/NavigatorDock.h"
@@ -97,10 +98,15 @@ void CMainWindow::MakeViewMenu()
     AddCommand(*pMenu, tr("&Fit"), {QKeySequence(tr("Ctrl+0"))}, "fit");
     AddCommand(*pMenu, tr("O&ne to One"), {QKeySequence(tr("Ctrl+1"))}, "one-to-one");
     pMenu->addSeparator();
-    QAction* const pNavigator = m_pNavigator->toggleViewAction();
-    pNavigator->setText(tr("Na&vigator"));
-    pNavigator->setShortcut(QKeySequence(tr("N")));
-    pMenu->addAction(pNavigator);
+    const auto addPanel = [&](QDockWidget& panel, const QString& strText, const QString& strKey)
+    {
+        QAction* const pAction = panel.toggleViewAction();
+        pAction->setText(strText);
+        pAction->setShortcut(QKeySequence(strKey));
+        pMenu->addAction(pAction);
+    };
+    addPanel(*m_pNavigator, tr("Na&vigator"), tr("N"));
+    addPanel(*m_pHistory, tr("&History"), tr("Shift+N"));
     pMenu->addSeparator();
     pMenu->addAction(tr("Hold B to see the original, Space for the hand"))->setEnabled(false);
 }
@@ -233,6 +239,7 @@ void CMainWindow::Refresh()
     m_pStraighten->SetUsable(state.angle.has_value());
     if (state.angle)
         m_pStraighten->Show(*state.angle);
+    m_pHistory->Show(state, m_retoucher.Photo());
     m_pCancel->setEnabled(state.work.has_value());
     m_pWork->Show(state);
     const CRect rcBox = state.frame.value_or(state.rcSelection);
