@@ -67,7 +67,9 @@ bool HealSpot(PixelView picture, PixelView healed, MaskView weights, const Spot&
     if (field)
     {
         const PixelRect window = PatchWindow(picture, spot);
-        blend = CSpotBlend(picture, spot, [&](int x, int y) { return field->Said(x - window.left, y - window.top); });
+        const auto said = [&patches = *field, window](int x, int y)
+        { return patches.Said(x - window.left, y - window.top); };
+        blend = CSpotBlend(picture, spot, said);
     }
     blend.Apply(healed, weights);
     return true;
