@@ -64,6 +64,8 @@ void CPixtaneWidget::SetToolKeys(std::function<bool(UINT uKey)> uses)
     m_pWindow->SetKeyClaim([uses = std::move(uses)](const winlite::KeyEvent& key) { return uses && uses(key.uKey); });
 }
 
+void CPixtaneWidget::SetColours(Colours convert) { m_pWindow->SetColours(std::move(convert)); }
+
 // ---- events
 
 bool CPixtaneWidget::event(QEvent* pEvent)

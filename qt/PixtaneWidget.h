@@ -45,6 +45,12 @@ public:
     /// uses. At first it does so for none.
     void SetToolKeys(std::function<bool(UINT uKey)> uses);
 
+    /// Converts rows of pixels (0xAARRGGBB; strides in bytes) on their way to the screen, to opaque ones. What the view
+    /// draws and reads back stays as it is. None at first.
+    using Colours = std::function<void(const std::uint32_t* pFrom, std::ptrdiff_t nFromStride, std::uint32_t* pTo,
+                                       std::ptrdiff_t nToStride, int cx, int cy)>;
+    void SetColours(Colours convert);
+
     /// Leaves a frame of that many pixels of Qt around the view, which shows whether it has the focus. None at first.
     void SetFocusFrame(int cxFrame);
 

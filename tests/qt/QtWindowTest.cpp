@@ -119,6 +119,36 @@ TEST_F(CQtWindowTest, EveryPixelOfTheWindowIsOneOfTheScreen)
               0);
 }
 
+TEST_F(CQtWindowTest, ColoursAreConvertedOnTheirWayToTheScreenAlone)
+{
+    const auto invert = [](const std::uint32_t* pFrom, std::ptrdiff_t nFromStride, std::uint32_t* pTo,
+                           std::ptrdiff_t nToStride, int cx, int cy)
+    {
+        for (int y = 0; y < cy; ++y)
+        {
+            for (int x = 0; x < cx; ++x)
+                pTo[y * nToStride / 4 + x] = ~pFrom[y * nFromStride / 4 + x] | 0xFF000000;
+        }
+    };
+    const auto differences = [&](bool bInverted)
+    {
+        Settle();
+        winlite::Picture picture = winlite::WindowPicture(HostWindow());
+        for (std::uint32_t& uPixel : picture.vPixels)
+            uPixel = bInverted ? ~uPixel & 0xFFFFFF : uPixel;
+        return DifferencesAt(window.grab().toImage(), (QPointF(3, 5) * Ratio()).toPoint(), picture);
+    };
+    const winlite::Picture before = winlite::WindowPicture(HostWindow());
+    widget.SetColours(invert);
+    EXPECT_EQ(winlite::WindowPicture(HostWindow()).vPixels, before.vPixels);
+    EXPECT_EQ(differences(true), 0);
+    widget.View().MoveImage(-13, -7);
+    widget.resize(240, 190);
+    EXPECT_EQ(differences(true), 0);
+    widget.SetColours({});
+    EXPECT_EQ(differences(false), 0);
+}
+
 TEST_F(CQtWindowTest, MouseEventsReachTheViewInDevicePixels)
 {
     QPoint ptMoved;

@@ -56,6 +56,17 @@ void QtWindow::Present(const SurfaceView& picture, std::span<const RECT> vDamage
     }
 }
 
+void QtWindow::SetColours(Colours convert)
+{
+    m_Convert = std::move(convert);
+    if (m_Picture.isNull())
+        return;
+    const Picture picture = WindowPicture(m_hWnd);
+    m_Picture = {}; // So that all of it is taken over.
+    if (picture.cx > 0 && picture.cy > 0)
+        Present({picture.vPixels.data(), picture.cx, picture.cy, picture.cx}, {});
+}
+
 void QtWindow::ShowNow()
 {
     const QRegion rgn = std::exchange(m_rgnPresented, QRegion());
@@ -65,6 +76,14 @@ void QtWindow::ShowNow()
 
 void QtWindow::CopyPixels(const SurfaceView& picture, const RECT& rc)
 {
+    if (m_Convert && rc.left < rc.right && rc.top < rc.bottom)
+    {
+        m_Convert(picture.pPixels + rc.top * picture.nStride + rc.left,
+                  static_cast<std::ptrdiff_t>(picture.nStride) * std::ptrdiff_t{sizeof(std::uint32_t)},
+                  reinterpret_cast<std::uint32_t*>(m_Picture.scanLine(rc.top)) + rc.left, m_Picture.bytesPerLine(),
+                  rc.right - rc.left, rc.bottom - rc.top);
+        return;
+    }
     constexpr std::uint32_t OPAQUE_ALPHA = 0xFF000000;
     for (LONG y = rc.top; y < rc.bottom; ++y)
     {

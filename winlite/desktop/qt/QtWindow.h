@@ -33,6 +33,12 @@ public:
     /// Says which keys the window gets even where the program has a shortcut on them. None at first.
     void SetKeyClaim(std::function<bool(const KeyEvent& key)> claims) { m_Claims = std::move(claims); }
 
+    /// Converts rows of the window's pixels (0xAARRGGBB; strides in bytes) on their way to the screen: the window's own
+    /// stay as they are. Each comes out opaque. None at first; the window is shown anew.
+    using Colours = std::function<void(const std::uint32_t* pFrom, std::ptrdiff_t nFromStride, std::uint32_t* pTo,
+                                       std::ptrdiff_t nToStride, int cx, int cy)>;
+    void SetColours(Colours convert);
+
     /// The device pixel of the window's client area under a point of the widget.
     QPoint PixelAt(QPointF ptWidget) const;
 
@@ -77,6 +83,7 @@ private:
 
     HWND m_hWnd;
     QImage m_Picture;
+    Colours m_Convert;
     QRegion m_rgnPresented; ///< Of the widget, not yet painted.
     bool m_bPainting = false;
     QPointer<QWidget> m_pTopLevel;
