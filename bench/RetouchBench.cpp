@@ -1,12 +1,15 @@
 #include "bench/BenchView.h"
 #include "bench/Suite.h"
 #include "bench/Timing.h"
+#include "document/SamplePicture.h"
+#include "document/ScreenColours.h"
 #include "headless/HeadlessDesktop.h"
 #include "program/Retoucher.h"
 #include "user/Input.h"
 
 #include <cstring>
 #include <filesystem>
+#include <QColorSpace>
 #include <QImage>
 #include <stdexcept>
 #include <unistd.h>
@@ -115,6 +118,21 @@ Figure Healing(int iSize, double dMost)
             "a millisecond", dMost};
 }
 
+/// A window's pixels on their way to the screen, from a wider colour space.
+Figure ScreenColours()
+{
+    constexpr int CX = 1920;
+    constexpr int CY = 1080;
+    CPhoto sample = RenderSamplePicture();
+    std::vector<std::uint32_t> vFrom(std::size_t{CX} * CY);
+    std::memcpy(vFrom.data(), sample.Pixels(), vFrom.size() * sizeof(vFrom[0]));
+    std::vector<std::uint32_t> vTo(vFrom.size());
+    const auto pColours = CScreenColours::For(QColorSpace(QColorSpace::AdobeRgb).iccProfile());
+    return {MedianOf(
+                11, [] {}, [&] { pColours->Convert(vFrom.data(), CX * 4, vTo.data(), CX * 4, CX, CY); }),
+            "a millisecond", 12};
+}
+
 /// From the file to the first picture, against Qt's decoding alone.
 Figure Opening()
 {
@@ -149,5 +167,6 @@ void AddRetouchFigures(CSuite& suite)
     suite.AddFigure("Retouch/Undo/24MP", &UndoOfTheWhole);
     suite.AddFigure("Retouch/Heal/50/24MP", [] { return Healing(50, 50); });
     suite.AddFigure("Retouch/Heal/500/24MP", [] { return Healing(500, 1000); });
+    suite.AddFigure("Retouch/ScreenColours/1920x1080", &ScreenColours);
     suite.AddFigure("Retouch/Open/24MP", &Opening);
 }
