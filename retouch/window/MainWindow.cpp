@@ -1,5 +1,6 @@
 #include "window/MainWindow.h"
 
+#include "document/ScreenColours.h"
 #include "qt/PixtaneWidget.h"
 #include "qtdesktop/QtDesktop.h"
 #include "window/HeldInput.h"
@@ -181,6 +182,22 @@ void CMainWindow::ShowOpened(const ProgramState& state)
     m_pFiles->WarnOfCutOff();
     m_bFitWhenShown = !isVisible();
     statusBar()->clearMessage();
+    ShowColours();
+}
+
+void CMainWindow::ShowColours()
+{
+    const CPhoto* const pPhoto = m_retoucher.Photo();
+    const QByteArray profile = pPhoto ? pPhoto->Origin().profile : QByteArray();
+    if (std::exchange(m_profile, profile) == profile)
+        return;
+    CPixtaneWidget::Colours convert;
+    if (const auto pColours = CScreenColours::For(profile))
+        convert = [pColours](auto... arguments) { pColours->Convert(arguments...); };
+    m_pView->SetColours(convert);
+    m_pNavigator->SetColours(convert);
+    if (!profile.isEmpty() && !CScreenColours::IsUsable(profile))
+        statusBar()->showMessage(tr("The photo's colour profile cannot be used; its colours are shown as sRGB."));
 }
 
 void CMainWindow::ShowTitle(const ProgramState& state)

@@ -69,6 +69,7 @@ private:
     void FillRecentMenu();
     void ShowOpened(const ProgramState& state);
     void ShowTitle(const ProgramState& state);
+    void ShowColours();
 
     QAction* AddCommand(QMenu& menu, const QString& strText, const QList<QKeySequence>& vKeys,
                         const std::string& strCommand);
@@ -104,6 +105,7 @@ private:
     bool m_bMayClose = false; ///< The person has said what is to become of the changes.
     std::unique_ptr<CHeldInput> m_pHeldInput;
     unsigned m_uPhotos = 0; ///< Photos that have been shown, as far as the window knows.
+    QByteArray m_profile;   ///< Whose colours are shown.
     bool m_bFitWhenShown = false;
     bool m_bOriginal = false; ///< B is held.
     CHistoryDock* m_pHistory = nullptr;

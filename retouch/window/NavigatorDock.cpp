@@ -1,7 +1,5 @@
 #include "window/NavigatorDock.h"
 
-#include "qt/PixtaneWidget.h"
-
 #include <QVBoxLayout>
 
 CNavigatorDock::CNavigatorDock(QWidget* pParent, CPixtaneWidget& large, CRetoucher& retoucher)

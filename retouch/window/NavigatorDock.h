@@ -1,11 +1,10 @@
 #pragma once
 
 #include "program/Navigator.h"
+#include "qt/PixtaneWidget.h"
 
 #include <memory>
 #include <QDockWidget>
-
-class CPixtaneWidget;
 
 /// The navigator at the window's right edge.
 class CNavigatorDock : public QDockWidget
@@ -13,6 +12,9 @@ class CNavigatorDock : public QDockWidget
 public:
     /// Both must outlive it.
     CNavigatorDock(QWidget* pParent, CPixtaneWidget& large, CRetoucher& retoucher);
+
+    /// As CPixtaneWidget::SetColours.
+    void SetColours(const CPixtaneWidget::Colours& convert) { m_pSmall->SetColours(convert); }
 
 private:
     CPixtaneWidget* m_pSmall;
