@@ -11,6 +11,7 @@ CNavigator::CNavigator(CViewHost& small, CViewHost& large, CRetoucher& retoucher
     : m_small(small), m_large(large), m_retoucher(retoucher)
 {
     m_small.SetName("navigator");
+    m_small.SetPressesOnly([] { return true; }); // The second of two fast presses moves the frame, too.
     m_small.View().LoadEmbeddedTool(m_frame);
     // The last window made is the program's main window, which the small one is not to be.
     AfxGetThread()->m_pMainWnd = &m_large;

@@ -66,6 +66,11 @@ TEST_F(NavigatorTest, TheFrameMovesTheLargeViewAndFollowsIt)
         EXPECT_NEAR(Middle().y, place.ptMiddle.y, 1) << place.ptSmall.y;
     }
     user.Release({119, 74});
+    user.Click({60, 45});
+    user.Press({60, 45}); // A double click is two presses.
+    user.Move({80, 50});
+    user.Release({80, 50});
+    EXPECT_NEAR(Middle().x, 805, 1);
     EXPECT_EQ(::GetFocus(), host.View().m_hWnd) << "the keys stay with the photo";
     host.View().SetDispPosition(400, 200);
     CUser::Settle();
