@@ -2,6 +2,7 @@
 #include "headless/HeadlessDesktop.h"
 #include "journal/JournalWriter.h"
 #include "program/Batch.h"
+#include "program/BatchRun.h"
 #include "program/CommandTable.h"
 #include "program/Session.h"
 #include "program/Tour.h"
@@ -115,8 +116,20 @@ int Tour(const QCommandLineParser& options)
 int Do(const QCommandLineParser& options)
 {
     std::string strError;
-    const std::string strPhoto = options.positionalArguments().value(0).toStdString();
-    return DoCommands(options.value("do").toStdString(), strPhoto, strError) ? 0 : Fail(strError);
+    const std::string strCommands = options.value("do").toStdString();
+    std::vector<std::string> vPaths;
+    for (const QString& strPath : options.positionalArguments())
+        vPaths.push_back(strPath.toStdString());
+    bool bNumber = true;
+    const int nJobs = options.isSet("jobs") ? options.value("jobs").toInt(&bNumber) : 1;
+    if (!bNumber || nJobs < 1)
+        return Fail("--jobs takes a number from 1 on");
+    const std::vector<std::string> vPhotos = PhotosOf(vPaths, strError);
+    if (!strError.empty())
+        return Fail(strError);
+    if (vPhotos.size() > 1)
+        return RunBatch(strCommands, vPhotos, nJobs);
+    return DoCommands(strCommands, vPhotos.empty() ? "" : vPhotos.front(), strError) ? 0 : Fail(strError);
 }
 
 int ListCommands()
@@ -138,12 +151,16 @@ void Parse(QCommandLineParser& parser, const QStringList& vArguments)
                       "compares it with what was recorded.",
                       "file"});
     parser.addOption({"do",
-                      "Carries out <commands>, separated by semicolons, on the photo without a display. Quotes keep "
-                      "blanks and semicolons together.",
+                      "Carries out <commands>, separated by semicolons, on the photos, and those of folders, without a "
+                      "display. Quotes keep blanks and semicolons together.",
                       "commands"});
+    parser.addOption({"jobs", "Works on up to <n> photos at a time with --do.", "n"});
     parser.addOption({"commands", "Lists the commands with their arguments."});
-    parser.addPositionalArgument("photo", "A JPEG, PNG or TIFF file; the bundled sample picture without it.",
-                                 "[photo]");
+    parser.addPositionalArgument(
+        "photo",
+        "A JPEG, PNG or TIFF file; the bundled sample picture without it. With --do also several, "
+        "and folders.",
+        "[photo...]");
     if (!parser.parse(vArguments))
         std::exit(Fail(parser.errorText().toStdString()));
     int nModes = 0;
@@ -151,8 +168,8 @@ void Parse(QCommandLineParser& parser, const QStringList& vArguments)
         nModes += parser.isSet(pszMode);
     if (nModes > 1)
         std::exit(Fail("--tour, --record, --replay, --do and --commands do not go together"));
-    if (parser.isSet("do") && parser.positionalArguments().size() > 1)
-        std::exit(Fail("one photo at a time, not also " + parser.positionalArguments().at(1).toStdString()));
+    if (parser.isSet("jobs") && !parser.isSet("do"))
+        std::exit(Fail("--jobs goes with --do"));
 }
 
 int Run(int argc, char** argv)

@@ -5,6 +5,7 @@
 #include "headless/HeadlessDesktop.h"
 #include "program/CommandText.h"
 #include "program/Retoucher.h"
+#include "program/Saving.h"
 
 #include <iostream>
 
@@ -82,4 +83,24 @@ bool DoCommands(const std::string& strCommands, const std::string& strPhoto, std
     const bool bDone = DoThem(*vCommands, std::move(*photo), desktop, strError);
     AfxWinTerm();
     return bDone;
+}
+
+bool AreCommands(const std::string& strCommands, std::string& strError)
+{
+    return ReadCommands(strCommands, strError).has_value();
+}
+
+std::vector<std::string> FilesSavedTo(const std::string& strCommands, const std::string& strPhoto)
+{
+    std::string strError;
+    std::vector<std::string> vFiles;
+    for (const std::string& strCommand : ReadCommands(strCommands, strError).value_or(std::vector<std::string>()))
+    {
+        const std::optional<CommandCall> call = ParseCommand(Commands(), strCommand, strError);
+        if (call->pCommand->strWord != "save")
+            continue;
+        if (const auto strFile = FilledIn(std::get<std::string>(call->vValues[0]), strPhoto, strError))
+            vFiles.push_back(*strFile);
+    }
+    return vFiles;
 }
