@@ -64,6 +64,8 @@ void CPresenter::Update()
 {
     if (m_IsPainting && m_IsPainting())
         return; // It comes again when the stroke has ended.
+    if (m_document.Photo() && !IsPhotoInView())
+        return; // It comes again when the view has got it.
     const VisiblePart part = VisiblePartOf(m_view);
     const bool bClaimed = IsOriginalShown() || IsPreview() || (m_bTint && IsSelected());
     if (bClaimed && !part.rcWindow.IsRectEmpty() && m_document.Photo())
@@ -108,6 +110,11 @@ void CPresenter::Fill(const VisiblePart& part)
         return;
     const std::vector<BYTE> vWeights = IsSelected() ? PickWeights(part) : std::vector<BYTE>();
     m_Preview(cover, {vWeights.empty() ? nullptr : vWeights.data(), cover.cx});
+}
+
+bool CPresenter::IsPhotoInView() const
+{
+    return m_view.iBmpWidth() == m_document.Photo()->Width() && m_view.iBmpHeight() == m_document.Photo()->Height();
 }
 
 bool CPresenter::IsReshaped() const

@@ -40,6 +40,7 @@ public:
 private:
     bool IsOriginalShown() const { return m_bOriginal && (m_document.Original() || IsReshaped()); }
     bool IsReshaped() const;
+    bool IsPhotoInView() const;
     bool IsPreview() const { return m_Preview || m_Drawing; }
     void DrawReshapedOriginal(PixelView cover);
     bool IsSelected() const;

@@ -466,6 +466,8 @@ TEST_F(RetoucherTest, CroppingTakesTheSelectionAlongAndIsOneStep)
     ASSERT_EQ(vCover.size(), static_cast<std::size_t>(szCover.cx) * szCover.cy * 4);
     EXPECT_EQ(vCover[(static_cast<std::size_t>(szCover.cy) / 2 * szCover.cx + szCover.cx / 2) * 4], 100);
     EXPECT_NE(vCover[static_cast<std::size_t>(szCover.cx) * 2], 100) << "beyond it";
+    for (const char* pszCommand : {"undo", "redo"}) // Between sizes while it is shown.
+        Do(pszCommand);
     Do("show-result");
     EXPECT_TRUE(vCover.empty());
     Do("revert");
