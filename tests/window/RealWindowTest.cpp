@@ -176,6 +176,7 @@ TEST_F(RealWindowTest, KeysShowTheOriginalScrollAndZoom)
     {
         QWidget other; // It gets the release.
         other.show();
+        ASSERT_TRUE(WaitFor([&] { return other.windowHandle()->isExposed(); })); // before, X gives it no focus
         Xdo({"windowfocus", "--sync", QString::number(other.winId()), "keyup", "b"});
         EXPECT_TRUE(WaitFor([&] { return shown() == changed; }));
     }
