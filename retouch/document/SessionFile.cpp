@@ -15,17 +15,20 @@ constexpr std::uint32_t HEAD_MAGIC = 0x52435353;
 
 QByteArray RecordOf(SessionRecord record, const QByteArray& says)
 {
+    const bool bTiles = record == SessionRecord::Tiles;
     const SessionHead head = {HEAD_MAGIC, static_cast<std::uint32_t>(record), static_cast<std::uint64_t>(says.size()),
-                              XXH3_64bits(says.constData(), static_cast<std::size_t>(says.size()))};
+                              bTiles ? 0 : XXH3_64bits(says.constData(), static_cast<std::size_t>(says.size()))};
     QByteArray bytes(reinterpret_cast<const char*>(&head), sizeof(head));
     return bytes += says;
 }
 
 bool IsGoodHead(const SessionHead& head)
 {
-    constexpr std::uint64_t MOST = std::uint64_t{64} << 20;
+    constexpr std::uint64_t MOST = std::uint64_t{512} << 20; // A selection of noise has millions of rectangles.
     return head.uMagic == HEAD_MAGIC && head.nBytes <= MOST;
 }
+
+bool IsChecked(const SessionHead& head) { return head.uRecord != static_cast<std::uint32_t>(SessionRecord::Tiles); }
 
 bool IsWhole(const SessionHead& head, const QByteArray& says)
 {

@@ -8,17 +8,16 @@
 // a file that was cut off or damaged is read as far as it is good. Numbers have the machine's own order: such a file
 // never leaves it.
 
-constexpr char SESSION_MAGIC[] = "retouch session 1\n";
+constexpr char SESSION_MAGIC[] = "retouch session 2\n";
 
-/// What a record says, as QDataStream writes it.
+/// What a record says, as QDataStream writes it; a tile is where it is in the file (TilePlace), and which of its picture.
 enum class SessionRecord : std::uint32_t
 {
-    Photo =
-        1,  ///< What the work began with: path, size and checksum of its file, and whether tiles follow for all of it.
-    Size,   ///< Width and height of the photo from here on, and whether all of it follows.
-    Pixels, ///< Tiles of the photo: number and LZ4 block each.
-    Mask,   ///< The same of the selection's weights; the first of a step says whether anything is selected.
-    Step,   ///< All of a step has come: its name.
+    Photo = 1, ///< What the work began with: path, size and checksum of its file.
+    Tiles,     ///< LZ4 blocks; each tile has a checksum of its own.
+    Opened,    ///< Width and height of the photo as it was opened, and all of its tiles.
+    State,     ///< A state of the history: what is other than in the state before, by the numbers of both.
+    List,      ///< The states there are, and which is the current one; whether there is anything to recover.
 };
 
 /// The photo that the work of a session began with.
@@ -27,7 +26,7 @@ struct SessionPhoto
     std::string strPath;     ///< Where it is saved to; empty for the sample picture.
     std::int64_t nBytes = 0; ///< Of its file.
     std::uint64_t uChecksum = 0;
-    bool bWhole = false; ///< All pixels follow: its file is not what the work began with.
+    bool bWhole = false; ///< All pixels come along: its file is not what the work began with.
 };
 
 /// What comes before what a record says.
@@ -43,8 +42,14 @@ struct SessionHead
 bool IsGoodHead(const SessionHead& head);
 bool IsWhole(const SessionHead& head, const QByteArray& says);
 
+/// Whether a record's checksum counts: tiles are looked at when they are needed.
+bool IsChecked(const SessionHead& head);
+
 /// A record as it is written.
 QByteArray RecordOf(SessionRecord record, const QByteArray& says);
+
+/// How much of it comes before what it says.
+constexpr std::size_t HEAD_BYTES = sizeof(SessionHead);
 
 /// The size and checksum of a file; 0 and 0 for one that cannot be read.
 void IdentifyFile(SessionPhoto& photo);
