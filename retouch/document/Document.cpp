@@ -6,6 +6,7 @@ std::optional<CPhoto> CDocument::Replace(CPhoto photo, std::string strPath)
 {
     ++m_uPhotos;
     m_bChanged = false;
+    m_recovery.reset();
     m_original = CTiledSnapshot(photo.RowBytes(), static_cast<std::size_t>(photo.Height()));
     m_strPath = std::move(strPath);
     m_strOpened = photo.Origin().strPath;
@@ -21,6 +22,17 @@ void CDocument::Saved(PhotoOrigin origin)
     m_strPath = origin.strPath;
     m_photo->SetOrigin(std::move(origin));
     m_history.MarkSaved();
+}
+
+CPhoto CDocument::Resume(RecoveredWork& work)
+{
+    ++m_uPhotos;
+    m_original = std::move(work.opened);
+    m_history.Resume(std::move(work.vStates), work.iCurrent, work.uSaved);
+    m_bChanged = true;
+    m_recovery = Recovery{std::move(work.pFile), work.bWhole};
+    work.photo.SetOrigin(m_photo->Origin());
+    return std::exchange(*m_photo, std::move(work.photo));
 }
 
 CDocument::Pixels CDocument::PixelsAfter(CLargeBuffer changed)

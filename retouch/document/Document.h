@@ -2,6 +2,7 @@
 
 #include "document/History.h"
 #include "document/Photo.h"
+#include "document/SessionReader.h"
 
 #include <optional>
 
@@ -45,6 +46,18 @@ public:
 
     /// Starts with another photo. Returns the old one, whose pixels a view may still show.
     std::optional<CPhoto> Replace(CPhoto photo, std::string strPath);
+
+    /// Goes on with the work of a session that was interrupted, on the photo that was its original. Returns that one,
+    /// whose pixels a view may still show.
+    CPhoto Resume(RecoveredWork& work);
+
+    /// The session that the work on the photo was recovered from; nothing for work that began with the photo.
+    struct Recovery
+    {
+        std::shared_ptr<CLockedFile> pFile;
+        bool bWhole; ///< It has all of the photo as it was opened.
+    };
+    const std::optional<Recovery>& RecoveredFrom() const { return m_recovery; }
 
     /// New pixels of the photo with what the history keeps of them.
     struct Pixels
@@ -98,5 +111,6 @@ private:
     unsigned m_uSaves = 0;
     CTiledSnapshot m_original; ///< As far as anything has changed it.
     bool m_bChanged = false;
+    std::optional<Recovery> m_recovery;
     CHistory m_history;
 };

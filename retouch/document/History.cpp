@@ -1,5 +1,6 @@
 #include "document/History.h"
 
+#include <algorithm>
 #include <cstring>
 #include <numeric>
 
@@ -25,11 +26,27 @@ void CHistory::Reset(State state)
 {
     m_vStates.clear();
     state.uPixels = ++m_uPixels;
+    state.uId = ++m_uLastId;
     m_vStates.push_back(std::move(state));
     m_vBytes.assign(1, 0);
     m_iCurrent = 0;
     m_bForgot = false;
     MarkSaved();
+    ++m_uRevision;
+}
+
+void CHistory::Resume(std::deque<State> vStates, std::size_t iCurrent, unsigned uSaved)
+{
+    m_vStates = std::move(vStates);
+    m_vBytes.assign(m_vStates.size(), 0); // They are in a file.
+    m_iCurrent = iCurrent;
+    m_bForgot = !m_vStates.front().strName.empty();
+    m_uSaved = uSaved;
+    for (const State& state : m_vStates)
+    {
+        m_uPixels = std::max(m_uPixels, state.uPixels);
+        m_uLastId = std::max(m_uLastId, state.uId);
+    }
     ++m_uRevision;
 }
 
@@ -45,6 +62,7 @@ bool CHistory::Add(State state)
     if (bSamePixels && SelectsSame(state, now))
         return false;
     state.uPixels = bSamePixels ? now.uPixels : ++m_uPixels;
+    state.uId = ++m_uLastId;
     ++m_uRevision;
     m_vStates.resize(m_iCurrent + 1);
     m_vBytes.resize(m_iCurrent + 1);
@@ -59,6 +77,8 @@ void CHistory::CompleteStep(CTiledSnapshot mask, std::vector<RECT> vSelected)
 {
     m_vStates[m_iCurrent].mask = std::move(mask);
     m_vStates[m_iCurrent].vSelected = std::move(vSelected);
+    m_vStates[m_iCurrent].uId = ++m_uLastId;
+    ++m_uRevision;
     if (m_iCurrent > 0)
         m_vBytes[m_iCurrent] = BytesBeyond(Current(), m_vStates[m_iCurrent - 1]);
 }
@@ -72,10 +92,13 @@ void CHistory::FillPixels(const std::vector<CTiledSnapshot::KeptTile>& vBefore)
 void CHistory::ForgetOldest()
 {
     // The photo itself, which the first state holds, does not count.
-    std::size_t nBytes = std::accumulate(m_vBytes.begin() + 1, m_vBytes.end(), std::size_t{0});
-    while (nBytes > MOST_BYTES && m_vStates.size() > 2)
+    const auto bytes = [this] { return std::accumulate(m_vBytes.begin() + 1, m_vBytes.end(), std::size_t{0}); };
+    if (bytes() <= MOST_BYTES)
+        return;
+    for (std::size_t i = 1; i < m_vStates.size(); ++i) // Some may be in a file by now.
+        m_vBytes[i] = BytesBeyond(m_vStates[i], m_vStates[i - 1]);
+    while (bytes() > MOST_BYTES && m_vStates.size() > 2)
     {
-        nBytes -= m_vBytes[1];
         m_vStates.pop_front();
         m_vBytes.pop_front();
         --m_iCurrent;

@@ -5,8 +5,8 @@
 #include <deque>
 #include <string>
 
-/// What a photo and its selection were after each step, to go back and forth between. Memory is bounded: the oldest
-/// steps are forgotten first.
+/// What a photo and its selection were after each step, to go back and forth between. Memory is bounded: where tiles are
+/// not in a file (CSessionJournal), the oldest steps are forgotten first.
 class CHistory
 {
 public:
@@ -17,10 +17,14 @@ public:
         CTiledSnapshot mask;         ///< The selection's weights.
         std::vector<RECT> vSelected; ///< The selection's rectangles; none when nothing is selected.
         unsigned uPixels = 0;        ///< Equal numbers, equal pixels: the history counts their changes.
+        unsigned uId = 0;            ///< Grows from state to state, and never comes again while a photo is worked on.
     };
 
     /// Starts anew with what the photo is now.
     void Reset(State state);
+
+    /// Goes on with the states of a session that was interrupted.
+    void Resume(std::deque<State> vStates, std::size_t iCurrent, unsigned uSaved);
 
     /// Adds what came of a step, and forgets the steps that were undone; FALSE, and nothing, when nothing changed.
     bool Add(State state);
@@ -28,12 +32,16 @@ public:
     /// Gives the current state a selection, which it was added without.
     void CompleteStep(CTiledSnapshot mask, std::vector<RECT> vSelected);
 
+    /// The number of the newest state.
+    unsigned LastId() const { return m_uLastId; }
+
     /// Another number after every change of what is current, so that who remembers one knows whether there was any.
     unsigned Revision() const { return m_uRevision; }
 
     /// The pixels of the current state are what the photo's file holds. Later on, whether they are that again or still;
     /// selections are in no file.
     void MarkSaved() { m_uSaved = Current().uPixels; }
+    unsigned SavedPixels() const { return m_uSaved; }
     bool IsSaved() const { return m_uSaved == Current().uPixels; }
 
     /// Whether two states select the same because nothing changed it between them.
@@ -45,10 +53,8 @@ public:
     /// Whether the oldest steps are forgotten.
     bool HasForgotten() const { return m_bForgot; }
 
-    /// The state now, and the ones to go back and forth to; NULL when there is none.
+    /// The state now, and another one by its place, which becomes that; NULL when there is none.
     const State& Current() const { return m_vStates[m_iCurrent]; }
-    const State* Back() { return m_iCurrent > 0 ? To(m_iCurrent - 1) : nullptr; }
-    const State* Forth() { return To(m_iCurrent + 1); }
     const State* To(std::size_t iState);
 
     /// All states there are, the oldest first, and which of them is the current one.
@@ -69,4 +75,5 @@ private:
     bool m_bForgot = false;
     unsigned m_uPixels = 0; ///< Changes of the pixels so far.
     unsigned m_uSaved = 0;
+    unsigned m_uLastId = 0;
 };

@@ -1,66 +1,33 @@
 #include "document/SessionJournal.h"
 
 #include "document/Message.h"
+#include "document/SessionTiles.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <filesystem>
-#include <lz4.h>
+#include <new>
+#include <QByteArray>
 #include <QDataStream>
 #include <QIODevice>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
 #include <utility>
 
 namespace
 {
 
-constexpr std::uint64_t MOST_BYTES = std::uint64_t{4} << 30;
-
-/// A file of that name that nobody else may read, locked; -1 when there is none to be had.
-int LockedFile(const std::string& strPath)
-{
-    const int iFile = ::open(strPath.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (iFile >= 0 && ::flock(iFile, LOCK_EX | LOCK_NB) != 0)
-    {
-        ::close(iFile);
-        return -1;
-    }
-    return iFile;
-}
-
-QByteArray Compressed(const CTiledSnapshot::Tile& tile)
-{
-    const int nBytes = static_cast<int>(tile.size());
-    QByteArray block(LZ4_compressBound(nBytes), Qt::Uninitialized);
-    block.resize(LZ4_compress_default(reinterpret_cast<const char*>(tile.data()), block.data(), nBytes,
-                                      static_cast<int>(block.size())));
-    return block;
-}
+constexpr std::uint64_t MOST_BYTES = std::uint64_t{8} << 30;
 
 } // namespace
 
-CSessionJournal::CSessionJournal(std::string strFolder)
+CSessionJournal::CSessionJournal(std::string strFolder) : m_strFolder(std::move(strFolder))
 {
-    std::error_code error;
-    std::filesystem::create_directories(strFolder, error);
-    ::chmod(strFolder.c_str(), S_IRWXU);
-    // Another program, or another session of this one, may have taken a name.
-    constexpr int TRIES = 100;
-    for (int i = 0; i < TRIES && m_iFile < 0; ++i)
+    m_pFile = CLockedFile::Make(m_strFolder);
+    if (!m_pFile)
     {
-        m_strPath = strFolder + "/" + std::to_string(::getpid()) + "-" + std::to_string(i) + ".session";
-        m_iFile = LockedFile(m_strPath);
-        if (m_iFile < 0 && errno != EEXIST)
-            break;
-    }
-    if (m_iFile < 0)
         Fail(errno);
-    else
-        m_thread = std::thread([this] { Work(); });
+        return;
+    }
+    m_thread = std::thread([this] { Work(); });
 }
 
 CSessionJournal::~CSessionJournal()
@@ -73,40 +40,84 @@ CSessionJournal::~CSessionJournal()
     m_changed.notify_all();
     if (m_thread.joinable())
         m_thread.join();
-    if (m_iFile < 0)
-        return;
-    ::unlink(m_strPath.c_str());
-    ::close(m_iFile);
+    if (m_pFile)
+        m_pFile->Remove();
 }
 
 // ---- the user-interface thread
 
-void CSessionJournal::Begin(const std::string& strPath, bool bWhole)
+void CSessionJournal::Begin(const std::string& strPath)
 {
-    m_bWhole = bWhole;
-    m_bBegun = false;
-    m_pixels = {};
-    m_mask = {};
+    if (m_bFailed)
+        return;
+    std::shared_ptr<CLockedFile> pFile = CLockedFile::Make(m_strFolder);
+    if (!pFile)
+        return Fail(errno);
+    Begin(std::move(pFile), SessionPhoto{.strPath = strPath}, 0);
+}
+
+void CSessionJournal::GoOn(std::shared_ptr<CLockedFile> pFile, unsigned uLastId)
+{
+    Begin(std::move(pFile), std::nullopt, uLastId);
+}
+
+/// Tiles of the work before may still be read out of the old file, which has no name any more.
+void CSessionJournal::Begin(std::shared_ptr<CLockedFile> pFile, std::optional<SessionPhoto> photo, unsigned uLastId)
+{
+    if (m_pFile)
+        m_pFile->Remove();
+    m_pFile = std::move(pFile);
+    m_uLastId = uLastId;
     Entry entry;
-    entry.photo = {.strPath = strPath, .bWhole = bWhole};
+    entry.pFile = m_pFile;
+    entry.photo = std::move(photo);
     Add(std::move(entry));
 }
 
-void CSessionJournal::Append(const std::string& strStep, const CTiledSnapshot& pixels, const CTiledSnapshot& mask,
-                             bool bSelected)
+void CSessionJournal::Append(const CHistory& history, const About& about, const CTiledSnapshot& opened,
+                             std::vector<CTiledSnapshot::KeptTile> vOpened)
 {
     Entry entry;
-    entry.vPixels = pixels.Beyond(m_pixels);
-    entry.vMask = bSelected ? mask.Beyond(m_mask) : std::vector<CTiledSnapshot::KeptTile>();
-    entry.bSelected = bSelected;
-    entry.strStep = strStep;
-    const CTiledSnapshot::Area whole = pixels.Whole();
-    QDataStream(&entry.size, QIODevice::WriteOnly)
+    const CTiledSnapshot::Area whole = opened.Whole();
+    QDataStream(&entry.opened, QIODevice::WriteOnly)
         << static_cast<quint64>(whole.nBytes) << static_cast<quint64>(whole.nRows);
-    m_bBegun = true;
-    m_pixels = pixels;
-    m_mask = bSelected ? mask : CTiledSnapshot();
+    entry.vOpened = std::move(vOpened);
+    QDataStream list(&entry.list, QIODevice::WriteOnly);
+    list << about.bUnsaved << about.bWhole << QByteArray::fromStdString(about.strPath) << history.SavedPixels()
+         << history.Current().uId;
+    const CHistory::State* pBefore = nullptr;
+    for (const CHistory::State& state : history.States())
+    {
+        if (state.uId > m_uLastId)
+            entry.vStates.push_back(TellFrom(pBefore, state, opened));
+        list << state.uId;
+        pBefore = &state;
+    }
+    m_uLastId = std::max(m_uLastId, pBefore->uId);
+    for (const auto* pTiles : {&entry.vOpened})
+        entry.nBytes += pTiles->size() * CTiledSnapshot::TILE_BYTES_AT_MOST;
+    for (const NewState& state : entry.vStates)
+        entry.nBytes += (state.vPixels.size() + state.vMask.size()) * CTiledSnapshot::TILE_BYTES_AT_MOST;
     Add(std::move(entry));
+}
+
+CSessionJournal::NewState CSessionJournal::TellFrom(const CHistory::State* pBefore, const CHistory::State& state,
+                                                    const CTiledSnapshot& opened)
+{
+    NewState told;
+    told.uId = state.uId;
+    told.uBefore = pBefore ? pBefore->uId : 0;
+    const CTiledSnapshot::Area whole = state.pixels.Whole();
+    QDataStream about(&told.about, QIODevice::WriteOnly);
+    about << QByteArray::fromStdString(state.strName) << static_cast<quint64>(whole.nBytes)
+          << static_cast<quint64>(whole.nRows) << state.uPixels;
+    const CTiledSnapshot none;
+    // Where a first state is as the photo was opened it has nothing of its own.
+    told.vPixels = state.pixels.Beyond(pBefore ? pBefore->pixels : opened);
+    if (!state.vSelected.empty())
+        told.vMask = state.mask.Beyond(pBefore && !pBefore->vSelected.empty() ? pBefore->mask : none);
+    told.vSelected = state.vSelected;
+    return told;
 }
 
 void CSessionJournal::Add(Entry entry)
@@ -114,6 +125,7 @@ void CSessionJournal::Add(Entry entry)
     const std::lock_guard lock(m_mutex);
     if (m_bFailed)
         return;
+    m_nWaiting += entry.nBytes;
     m_vWaiting.push_back(std::move(entry));
     m_changed.notify_all();
 }
@@ -128,6 +140,12 @@ void CSessionJournal::Flush()
 {
     std::unique_lock lock(m_mutex);
     m_changed.wait(lock, [this] { return (m_vWaiting.empty() && !m_bWriting) || m_bFailed; });
+}
+
+std::size_t CSessionJournal::Waiting()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_bFailed ? 0 : m_nWaiting;
 }
 
 // ---- the thread
@@ -145,74 +163,106 @@ void CSessionJournal::Work()
         m_bWriting = true;
         lock.unlock();
         Write(entry);
+        const std::size_t nBytes = entry.nBytes;
         entry = {};
         lock.lock();
+        m_nWaiting -= nBytes;
         m_bWriting = false;
         m_changed.notify_all();
     }
 }
 
 void CSessionJournal::Write(Entry& entry)
+try
 {
-    if (entry.photo)
+    if (entry.pFile)
     {
-        if (::ftruncate(m_iFile, 0) != 0 || ::lseek(m_iFile, 0, SEEK_SET) != 0)
-            return Fail(errno);
-        m_nWritten = 0;
+        m_pWritten = entry.pFile;
+        if (!entry.photo)
+            return;
         IdentifyFile(*entry.photo);
-        WriteBytes(SESSION_MAGIC, sizeof(SESSION_MAGIC) - 1);
+        if (const int iError = m_pWritten->Append(SESSION_MAGIC, sizeof(SESSION_MAGIC) - 1))
+            return Fail(iError);
         QByteArray says;
         QDataStream stream(&says, QIODevice::WriteOnly);
         stream << QByteArray::fromStdString(entry.photo->strPath) << static_cast<qint64>(entry.photo->nBytes)
-               << static_cast<quint64>(entry.photo->uChecksum) << entry.photo->bWhole;
-        WriteRecord(SessionRecord::Photo, says);
-        return;
+               << static_cast<quint64>(entry.photo->uChecksum);
+        return WriteRecord(SessionRecord::Photo, says);
     }
-    if (m_nWritten > MOST_BYTES)
+    if (m_pWritten->Size() > MOST_BYTES)
         return Fail(EFBIG);
-    WriteRecord(SessionRecord::Size, entry.size);
-    WriteTiles(SessionRecord::Pixels, entry.vPixels, {});
-    QByteArray selected;
-    QDataStream(&selected, QIODevice::WriteOnly) << entry.bSelected;
-    WriteTiles(SessionRecord::Mask, entry.vMask, selected);
-    WriteRecord(SessionRecord::Step, QByteArray::fromStdString(entry.strStep));
+    if (!entry.vOpened.empty())
+        WriteRecord(SessionRecord::Opened, entry.opened + WriteTiles(entry.vOpened, false));
+    for (const NewState& state : entry.vStates)
+    {
+        QByteArray says;
+        QDataStream stream(&says, QIODevice::WriteOnly);
+        stream << state.uId << state.uBefore << state.about << WriteTiles(state.vPixels, true)
+               << WriteTiles(state.vMask, true)
+               << QByteArray::fromRawData(reinterpret_cast<const char*>(state.vSelected.data()),
+                                          static_cast<qsizetype>(state.vSelected.size() * sizeof(RECT)));
+        WriteRecord(SessionRecord::State, says);
+    }
+    WriteRecord(SessionRecord::List, entry.list);
+}
+catch (const CTile::Unreadable&) // Of a session that was recovered from a file that cannot be gone on with.
+{
+    Fail(EIO);
+}
+catch (const std::bad_alloc&)
+{
+    Fail(ENOMEM);
 }
 
-void CSessionJournal::WriteTiles(SessionRecord record, const std::vector<CTiledSnapshot::KeptTile>& vTiles,
-                                 const QByteArray& first)
+/// Returns where they are. With bLeave they leave the memory.
+QByteArray CSessionJournal::WriteTiles(const std::vector<CTiledSnapshot::KeptTile>& vTiles, bool bLeave)
 {
     constexpr std::size_t AT_ONCE = 256; // Some megabytes: enough to be fast, little to hold.
-    std::size_t i = 0;
-    do
+    std::vector<TilePlace> vPlaces(vTiles.size());
+    for (std::size_t i = 0; i < vTiles.size(); i += AT_ONCE)
+        WriteBlocks(vTiles, i, std::min(i + AT_ONCE, vTiles.size()), vPlaces);
+    QByteArray told;
+    QDataStream stream(&told, QIODevice::WriteOnly);
+    for (std::size_t i = 0; i < vTiles.size() && !m_bFailed; ++i)
     {
-        QByteArray says = i == 0 ? first : QByteArray();
-        QDataStream stream(&says, QIODevice::WriteOnly | QIODevice::Append);
-        for (const std::size_t iEnd = std::min(i + AT_ONCE, vTiles.size()); i < iEnd; ++i)
-            stream << static_cast<quint32>(vTiles[i].iTile) << static_cast<quint32>(vTiles[i].pTile->size())
-                   << Compressed(*vTiles[i].pTile);
-        WriteRecord(record, says);
-    } while (i < vTiles.size());
+        WritePlace(stream, vTiles[i].iTile, vPlaces[i]);
+        if (bLeave && vPlaces[i].nBlock > 0)
+            vTiles[i].pTile->Stored(m_pWritten, vPlaces[i]);
+    }
+    return told;
+}
+
+void CSessionJournal::WriteBlocks(const std::vector<CTiledSnapshot::KeptTile>& vTiles, std::size_t iFirst,
+                                  std::size_t iEnd, std::vector<TilePlace>& vPlaces)
+{
+    QByteArray blocks;
+    for (std::size_t i = iFirst; i < iEnd; ++i)
+    {
+        const CTile& tile = *vTiles[i].pTile;
+        if (tile.File() == m_pWritten.get())
+        {
+            vPlaces[i] = tile.Place();
+            continue;
+        }
+        if (tile.Size() == 1)
+        {
+            vPlaces[i] = PlaceOfOneValue(tile.Get()->front());
+            continue;
+        }
+        const std::string block = tile.Compressed(vPlaces[i]);
+        vPlaces[i].iFirst = m_pWritten->Size() + HEAD_BYTES + static_cast<std::uint64_t>(blocks.size());
+        blocks.append(block.data(), static_cast<qsizetype>(block.size()));
+    }
+    if (!blocks.isEmpty())
+        WriteRecord(SessionRecord::Tiles, blocks);
 }
 
 void CSessionJournal::WriteRecord(SessionRecord record, const QByteArray& says)
 {
     const QByteArray bytes = RecordOf(record, says);
-    WriteBytes(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-}
-
-void CSessionJournal::WriteBytes(const char* pBytes, std::size_t nBytes)
-{
-    while (nBytes > 0 && !m_bFailed)
-    {
-        const ssize_t nDone = ::write(m_iFile, pBytes, nBytes);
-        if (nDone < 0 && errno == EINTR)
-            continue;
-        if (nDone <= 0)
-            return Fail(nDone < 0 ? errno : ENOSPC);
-        pBytes += nDone;
-        nBytes -= static_cast<std::size_t>(nDone);
-        m_nWritten += static_cast<std::uint64_t>(nDone);
-    }
+    if (const int iError =
+            m_bFailed ? 0 : m_pWritten->Append(bytes.constData(), static_cast<std::size_t>(bytes.size())))
+        Fail(iError);
 }
 
 void CSessionJournal::Fail(int iError)

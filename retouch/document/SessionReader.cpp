@@ -1,17 +1,15 @@
 #include "document/SessionReader.h"
 
 #include "document/Message.h"
-#include "document/TiledSnapshot.h"
+#include "document/SessionRecords.h"
+#include "document/SessionTiles.h"
 
 #include <algorithm>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
-#include <fstream>
-#include <lz4.h>
+#include <map>
 #include <QDataStream>
-#include <sys/file.h>
-#include <unistd.h>
+#include <QIODevice>
 #include <utility>
 
 namespace
@@ -20,41 +18,32 @@ namespace
 constexpr std::uint64_t MOST_PIXELS_OF_A_SIDE = 1 << 20;
 constexpr std::uint64_t MOST_BYTES_OF_A_PHOTO = std::uint64_t{16} << 30;
 
-/// Reads a session's records one after the other, as long as they are good.
-class CRecords
+/// The states that there were at a time.
+struct StateList
 {
-public:
-    explicit CRecords(const std::string& strFile) : m_file(strFile, std::ios::binary)
-    {
-        char szMagic[sizeof(SESSION_MAGIC)] = {};
-        m_bGood = static_cast<bool>(m_file.read(szMagic, sizeof(SESSION_MAGIC) - 1)) &&
-                  std::strcmp(szMagic, SESSION_MAGIC) == 0;
-    }
-
-    bool Next()
-    {
-        SessionHead head = {};
-        m_bGood = m_bGood && m_file.read(reinterpret_cast<char*>(&head), sizeof(head)) && IsGoodHead(head);
-        if (!m_bGood)
-            return false;
-        m_Says.resize(static_cast<qsizetype>(head.nBytes));
-        m_file.read(m_Says.data(), m_Says.size());
-        m_bGood = m_file.gcount() == m_Says.size() && IsWhole(head, m_Says);
-        m_eRecord = static_cast<SessionRecord>(head.uRecord);
-        return m_bGood;
-    }
-
-    SessionRecord Record() const { return m_eRecord; }
-    const QByteArray& Says() const { return m_Says; }
-
-private:
-    std::ifstream m_file;
-    bool m_bGood = false;
-    SessionRecord m_eRecord = {};
-    QByteArray m_Says;
+    bool bUnsaved = false;
+    bool bWhole = false;
+    std::string strPath;
+    unsigned uSaved = 0;
+    unsigned uCurrent = 0;
+    std::vector<unsigned> vStates;
+    std::uint64_t iEnd = 0; ///< Of its record.
 };
 
-std::optional<SessionPhoto> ReadPhoto(CRecords& records)
+std::optional<StateList> ReadList(const CSessionRecords& records)
+{
+    StateList list;
+    QDataStream stream(records.Says());
+    QByteArray path;
+    stream >> list.bUnsaved >> list.bWhole >> path >> list.uSaved >> list.uCurrent;
+    list.strPath = path.toStdString();
+    while (!stream.atEnd() && stream.status() == QDataStream::Ok)
+        stream >> list.vStates.emplace_back();
+    list.iEnd = records.End();
+    return stream.status() == QDataStream::Ok ? std::optional(list) : std::nullopt;
+}
+
+std::optional<SessionPhoto> ReadPhoto(CSessionRecords& records)
 {
     if (!records.Next() || records.Record() != SessionRecord::Photo)
         return std::nullopt;
@@ -62,139 +51,188 @@ std::optional<SessionPhoto> ReadPhoto(CRecords& records)
     QByteArray path;
     qint64 nBytes = 0;
     quint64 uChecksum = 0;
-    bool bWhole = false;
-    stream >> path >> nBytes >> uChecksum >> bWhole;
+    stream >> path >> nBytes >> uChecksum;
     if (stream.status() != QDataStream::Ok)
         return std::nullopt;
-    return SessionPhoto{path.toStdString(), nBytes, uChecksum, bWhole};
+    return SessionPhoto{path.toStdString(), nBytes, uChecksum};
 }
 
-/// A picture that tiles come into.
-struct Picture
+bool ReadSize(QDataStream& stream, CTiledSnapshot& picture)
 {
-    CTiledSnapshot tiles;
-    std::vector<BYTE> vBytes;
+    quint64 nRow = 0;
+    quint64 nRows = 0;
+    stream >> nRow >> nRows;
+    if (stream.status() != QDataStream::Ok || nRow == 0 || nRow % 4 != 0 || nRows == 0 ||
+        nRow / 4 > MOST_PIXELS_OF_A_SIDE || nRows > MOST_PIXELS_OF_A_SIDE || nRow * nRows > MOST_BYTES_OF_A_PHOTO)
+        return false;
+    picture = CTiledSnapshot(nRow, nRows);
+    return true;
+}
 
-    /// Takes the tiles of a record over; FALSE when it does not hold what it should.
-    bool Take(QDataStream& stream)
-    {
-        while (!stream.atEnd())
-        {
-            quint32 iTile = 0;
-            quint32 nBytes = 0;
-            QByteArray block;
-            stream >> iTile >> nBytes >> block;
-            constexpr quint32 MOST = 4 * CTiledSnapshot::TILE_SIDE * CTiledSnapshot::TILE_SIDE;
-            if (stream.status() != QDataStream::Ok || nBytes == 0 || nBytes > MOST)
-                return false;
-            std::vector<BYTE> vTile(nBytes);
-            const int nRead = LZ4_decompress_safe(block.constData(), reinterpret_cast<char*>(vTile.data()),
-                                                  static_cast<int>(block.size()), static_cast<int>(nBytes));
-            if (nRead != static_cast<int>(nBytes) || !tiles.WriteTile(iTile, vTile, vBytes))
-                return false;
-        }
-        return true;
-    }
-};
+CPhoto PhotoOf(const CTiledSnapshot& pixels)
+{
+    CPhoto photo(static_cast<int>(pixels.Whole().nBytes / 4), static_cast<int>(pixels.Whole().nRows));
+    pixels.Restore({photo.Pixels(), photo.ByteCount()});
+    return photo;
+}
 
-/// The work as its records come.
-class CWork
+/// All that a session's file says, as its records come.
+class CRead
 {
 public:
-    explicit CWork(std::optional<CPhoto> original)
+    explicit CRead(std::shared_ptr<CLockedFile> pFile) : m_pFile(std::move(pFile))
     {
-        if (!original)
+        CSessionRecords records(m_pFile);
+        if (!ReadPhoto(records))
             return;
-        Resize(original->RowBytes(), static_cast<std::uint64_t>(original->Height()));
-        std::memcpy(m_photo.vBytes.data(), original->Pixels(), original->ByteCount());
+        while (records.Next() && Take(records))
+            continue;
     }
 
-    /// FALSE for a record that does not fit to what came before.
-    bool Take(const CRecords& records)
+    /// The work as of the last list whose pixels can be read.
+    std::optional<RecoveredWork> Work(std::optional<CPhoto> original)
+    {
+        for (auto it = m_vLists.rbegin(); it != m_vLists.rend() && it->bUnsaved; ++it)
+        {
+            try
+            {
+                if (std::optional<RecoveredWork> work = WorkAt(*it, original))
+                    return work;
+            }
+            catch (const CTile::Unreadable&)
+            {
+                continue; // What came before may be whole.
+            }
+        }
+        return std::nullopt;
+    }
+
+private:
+    bool Take(const CSessionRecords& records)
     {
         QDataStream stream(records.Says());
         switch (records.Record())
         {
-        case SessionRecord::Size:
-            return TakeSize(stream);
-        case SessionRecord::Pixels:
-            return m_photo.Take(stream);
-        case SessionRecord::Mask:
-            if (std::exchange(m_bMaskBegins, false))
-                stream >> m_bSelected;
-            return m_mask.Take(stream);
+        case SessionRecord::Tiles:
+            return true;
+        case SessionRecord::Opened:
+            return ReadSize(stream, m_opened) && ReadTiles(stream.device()->readAll(), m_pFile, records.End(), m_opened);
+        case SessionRecord::State:
+            return TakeState(stream, records.End());
+        case SessionRecord::List:
+        {
+            const std::optional<StateList> list = ReadList(records);
+            if (list)
+                m_vLists.push_back(*list);
+            return list.has_value();
+        }
         default:
             return false;
         }
     }
 
-    RecoveredWork Result(const std::string& strStep) const
+    bool TakeState(QDataStream& stream, std::uint64_t iEnd)
     {
-        const CTiledSnapshot::Area whole = m_photo.tiles.Whole();
-        RecoveredWork work = {CPhoto(static_cast<int>(whole.nBytes / 4), static_cast<int>(whole.nRows)), {}, strStep};
-        std::memcpy(work.photo.Pixels(), m_photo.vBytes.data(), m_photo.vBytes.size());
-        if (m_bSelected)
-            work.vMask = m_mask.vBytes;
-        return work;
-    }
-
-private:
-    bool TakeSize(QDataStream& stream)
-    {
-        quint64 nRow = 0;
-        quint64 nRows = 0;
-        stream >> nRow >> nRows;
-        if (stream.status() != QDataStream::Ok || nRow == 0 || nRow % 4 != 0 || nRows == 0 ||
-            nRow / 4 > MOST_PIXELS_OF_A_SIDE || nRows > MOST_PIXELS_OF_A_SIDE || nRow * nRows > MOST_BYTES_OF_A_PHOTO)
+        CHistory::State state;
+        unsigned uBefore = 0;
+        QByteArray about, pixels, mask, selected;
+        stream >> state.uId >> uBefore >> about >> pixels >> mask >> selected;
+        QDataStream aboutStream(about);
+        QByteArray name;
+        aboutStream >> name;
+        state.strName = name.toStdString();
+        if (stream.status() != QDataStream::Ok || !ReadSize(aboutStream, state.pixels))
             return false;
-        if (!m_photo.tiles.HasSizeOf(CTiledSnapshot(nRow, nRows)))
-            Resize(nRow, nRows);
-        m_bMaskBegins = true;
-        return true;
+        aboutStream >> state.uPixels;
+        const auto itBefore = m_States.find(uBefore);
+        if (uBefore != 0 && itBefore == m_States.end())
+            return false;
+        const CHistory::State none;
+        const CHistory::State& before = uBefore ? itBefore->second : none;
+        if (before.pixels.HasSizeOf(state.pixels))
+            state.pixels = before.pixels;
+        const CTiledSnapshot::Area whole = state.pixels.Whole();
+        const CTiledSnapshot unselected(whole.nBytes / 4, whole.nRows);
+        const bool bMaskGoesOn = !before.vSelected.empty() && before.mask.HasSizeOf(unselected);
+        state.mask = bMaskGoesOn ? before.mask : unselected;
+        const bool bGood = ReadTiles(pixels, m_pFile, iEnd, state.pixels) && ReadTiles(mask, m_pFile, iEnd, state.mask) &&
+                           TakeSelected(selected, state);
+        m_States[state.uId] = std::move(state);
+        return bGood;
     }
 
-    void Resize(std::uint64_t nRow, std::uint64_t nRows)
+    static bool TakeSelected(const QByteArray& selected, CHistory::State& state)
     {
-        m_photo = {CTiledSnapshot(nRow, nRows), std::vector<BYTE>(nRow * nRows)};
-        m_mask = {CTiledSnapshot(nRow / 4, nRows), std::vector<BYTE>(nRow / 4 * nRows)};
+        state.vSelected.resize(static_cast<std::size_t>(selected.size()) / sizeof(RECT));
+        if (!state.vSelected.empty())
+            std::memcpy(state.vSelected.data(), selected.constData(), state.vSelected.size() * sizeof(RECT));
+        const auto nWidth = static_cast<LONG>(state.pixels.Whole().nBytes / 4);
+        const auto nHeight = static_cast<LONG>(state.pixels.Whole().nRows);
+        if (state.vSelected.empty())
+            state.mask = {};
+        return (state.vSelected.empty() || state.mask.IsWhole()) &&
+               std::ranges::all_of(state.vSelected,
+                                   [=](const RECT& rc) {
+                                       return rc.left >= 0 && rc.top >= 0 && rc.left < rc.right && rc.top < rc.bottom &&
+                                              rc.right <= nWidth && rc.bottom <= nHeight;
+                                   });
     }
 
-    Picture m_photo;
-    Picture m_mask;
-    bool m_bMaskBegins = false;
-    bool m_bSelected = false;
+    std::optional<RecoveredWork> WorkAt(const StateList& list, std::optional<CPhoto>& original) const
+    {
+        const auto itCurrent = std::ranges::find(list.vStates, list.uCurrent);
+        if (itCurrent == list.vStates.end() || (list.bWhole ? !m_opened.IsWhole() : !original))
+            return std::nullopt;
+        if (list.bWhole)
+            original = PhotoOf(m_opened);
+        const CTiledSnapshot opened({original->Pixels(), original->ByteCount()}, original->RowBytes(), {});
+        std::deque<CHistory::State> vStates;
+        for (const unsigned uId : list.vStates)
+        {
+            const auto it = m_States.find(uId);
+            if (it == m_States.end())
+                return std::nullopt;
+            CHistory::State& state = vStates.emplace_back(it->second);
+            if (state.pixels.HasSizeOf(opened)) // Where nothing had changed it, it is as it was opened.
+                state.pixels.Fill(opened.Beyond({}));
+            if (!state.pixels.IsWhole())
+                return std::nullopt;
+        }
+        const auto iCurrent = static_cast<std::size_t>(itCurrent - list.vStates.begin());
+        CPhoto photo = PhotoOf(vStates[iCurrent].pixels);
+        std::vector<BYTE> vMask(photo.ByteCount() / 4);
+        if (!vStates[iCurrent].vSelected.empty())
+            vStates[iCurrent].mask.Restore(vMask); // It must be readable, too.
+        if (m_pFile->IsWritable())
+            m_pFile->CutAt(list.iEnd);
+        return RecoveredWork{std::move(photo), opened, std::move(vStates), iCurrent, list.uSaved, list.bWhole, m_pFile};
+    }
+
+    std::shared_ptr<CLockedFile> m_pFile;
+    CTiledSnapshot m_opened;
+    std::map<unsigned, CHistory::State> m_States;
+    std::vector<StateList> m_vLists;
 };
 
-/// Whether a file is held by a running program.
-bool IsHeld(const std::string& strFile)
+/// What there is to recover of a session; nothing when there is nothing.
+std::optional<LostSession> WorkIn(const std::shared_ptr<const CLockedFile>& pFile)
 {
-    const int iFile = ::open(strFile.c_str(), O_RDONLY | O_CLOEXEC);
-    const bool bHeld = iFile >= 0 && ::flock(iFile, LOCK_EX | LOCK_NB) != 0;
-    if (iFile >= 0)
-        ::close(iFile);
-    return bHeld;
-}
-
-/// What a session began with; nothing when no step of it is in the file.
-std::optional<SessionPhoto> PhotoOfWork(const std::string& strFile)
-{
-    CRecords records(strFile);
+    CSessionRecords records(pFile);
     const std::optional<SessionPhoto> photo = ReadPhoto(records);
+    std::optional<StateList> last;
     while (photo && records.Next())
     {
-        if (records.Record() == SessionRecord::Step)
-            return photo;
+        if (records.Record() == SessionRecord::List)
+            last = ReadList(records);
     }
-    return std::nullopt;
+    if (!last || !last->bUnsaved)
+        return std::nullopt;
+    return LostSession{pFile->Path(), last->strPath, {photo->strPath, photo->nBytes, photo->uChecksum, last->bWhole}};
 }
 
 } // namespace
 
-std::optional<LostSession> LostSessionOf(const std::string& strFile)
-{
-    const std::optional<SessionPhoto> photo = PhotoOfWork(strFile);
-    return photo ? std::optional(LostSession{strFile, *photo}) : std::nullopt;
-}
+std::optional<LostSession> LostSessionOf(const std::string& strFile) { return WorkIn(CLockedFile::TakeOver(strFile)); }
 
 std::vector<LostSession> FindLostSessions(const std::string& strFolder)
 {
@@ -202,13 +240,15 @@ std::vector<LostSession> FindLostSessions(const std::string& strFolder)
     std::error_code error;
     for (const auto& entry : std::filesystem::directory_iterator(strFolder, error))
     {
-        const std::string strFile = entry.path().string();
-        if (entry.path().extension() != ".session" || IsHeld(strFile))
+        if (entry.path().extension() != ".session")
             continue;
-        if (const auto session = LostSessionOf(strFile))
+        const auto pFile = CLockedFile::TakeOver(entry.path().string());
+        if (!pFile)
+            continue;
+        if (const auto session = WorkIn(pFile))
             vFound.push_back({entry.last_write_time(error), *session});
         else
-            std::filesystem::remove(entry.path(), error);
+            pFile->Remove();
     }
     std::ranges::sort(vFound, [](const auto& one, const auto& other) { return one.first > other.first; });
     std::vector<LostSession> vSessions;
@@ -220,28 +260,10 @@ std::vector<LostSession> FindLostSessions(const std::string& strFolder)
 std::optional<RecoveredWork> RecoverWork(const std::string& strFile, std::optional<CPhoto> original,
                                          std::string& strError)
 {
-    // Steps that are not whole do not count: first the last one that is, then all up to it.
-    int nSteps = 0;
-    {
-        CRecords records(strFile);
-        while (records.Next())
-            nSteps += records.Record() == SessionRecord::Step;
-    }
-    CRecords records(strFile);
-    const std::optional<SessionPhoto> photo = ReadPhoto(records);
-    CWork work(std::move(original));
-    while (photo && nSteps > 0 && records.Next())
-    {
-        if (records.Record() == SessionRecord::Step)
-        {
-            if (--nSteps == 0)
-                return work.Result(records.Says().toStdString());
-        }
-        else if (!work.Take(records))
-        {
-            break;
-        }
-    }
-    strError = Message(QT_TRANSLATE_NOOP("Program", "%1: what was kept of the work cannot be read"), {strFile});
-    return std::nullopt;
+    std::optional<RecoveredWork> work;
+    if (auto pFile = CLockedFile::TakeOver(strFile))
+        work = CRead(std::move(pFile)).Work(std::move(original));
+    if (!work)
+        strError = Message(QT_TRANSLATE_NOOP("Program", "%1: what was kept of the work cannot be read"), {strFile});
+    return work;
 }

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "document/History.h"
+#include "document/LockedFile.h"
 #include "document/Photo.h"
 #include "document/SessionFile.h"
 
+#include <deque>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,25 +15,30 @@
 struct LostSession
 {
     std::string strFile;
-    SessionPhoto photo;
+    std::string strPath; ///< Where its photo was saved to; empty for the sample picture.
+    SessionPhoto photo;  ///< What it began with.
 };
 
-/// The sessions of a folder that no running program holds, and in which something was done; files without that, and
-/// those of other versions, are removed. The last one comes first.
+/// The sessions of a folder that no running program holds, and in which there is something to recover; the files of
+/// others, and those of other versions, are removed. The last one comes first.
 std::vector<LostSession> FindLostSessions(const std::string& strFolder);
 
-/// One of them by its file; nothing when nothing was done in it.
+/// One of them by its file; nothing when there is nothing to recover.
 std::optional<LostSession> LostSessionOf(const std::string& strFile);
 
 /// The work of a session as far as it is whole in its file.
 struct RecoveredWork
 {
-    CPhoto photo;
-    std::vector<BYTE> vMask; ///< The selection's weights, a byte a pixel, top row first; none without a selection.
-    std::string strStep;     ///< The last step.
+    CPhoto photo;          ///< As it was in the end.
+    CTiledSnapshot opened; ///< As it was opened: all of it.
+    std::deque<CHistory::State> vStates;
+    std::size_t iCurrent = 0;
+    unsigned uSaved = 0; ///< The number of the pixels that were saved.
+    bool bWhole = false; ///< The file has all of the photo as it was opened.
+    std::shared_ptr<CLockedFile> pFile; ///< Ends with that work, and can be gone on with.
 };
 
-/// Does a session's work again: on the original, which is what the session's photo was opened as, or without it where
-/// the session has all of the photo. Nothing in the file is trusted. Nothing on failure, with a message.
+/// Reads a session's work: with the original, which is what the session's photo was opened as, or without it where the
+/// session has all of the photo. Nothing in the file is trusted. Nothing on failure, with a message.
 std::optional<RecoveredWork> RecoverWork(const std::string& strFile, std::optional<CPhoto> original,
                                          std::string& strError);

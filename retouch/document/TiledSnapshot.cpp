@@ -3,18 +3,20 @@
 #include "pixels/Bands.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cstring>
-#include <new>
+#include <exception>
+#include <mutex>
+#include <utility>
 
 namespace
 {
 
-/// Calls work(i) for each of some tiles, on all cores.
+/// Calls work(i) for each of some tiles, on all cores, and throws what one of them throws.
 template<class F>
 void ForTiles(std::size_t nTiles, F work)
 {
-    std::atomic<bool> bShortOfMemory = false;
+    std::mutex mutex;
+    std::exception_ptr pFailure;
     CProgress progress;
     ForBands(static_cast<int>(nTiles), progress,
              [&](int iFirst, int iEnd)
@@ -24,13 +26,14 @@ void ForTiles(std::size_t nTiles, F work)
                      for (auto i = static_cast<std::size_t>(iFirst); i < static_cast<std::size_t>(iEnd); ++i)
                          work(i);
                  }
-                 catch (const std::bad_alloc&)
+                 catch (...)
                  {
-                     bShortOfMemory = true;
+                     const std::lock_guard lock(mutex);
+                     pFailure = std::current_exception();
                  }
              });
-    if (bShortOfMemory)
-        throw std::bad_alloc();
+    if (pFailure)
+        std::rethrow_exception(pFailure);
 }
 
 } // namespace
@@ -110,19 +113,20 @@ std::vector<std::size_t> CTiledSnapshot::TilesIn(const Area& area) const
     return vTiles;
 }
 
+bool CTiledSnapshot::Put(const KeptTile& kept)
+{
+    if (kept.iTile >= m_vTiles.size())
+        return false;
+    const Area area = AreaOf(kept.iTile);
+    if (kept.pTile->Size() != 1 && kept.pTile->Size() != area.nRows * area.nBytes)
+        return false;
+    m_vTiles[kept.iTile] = kept.pTile;
+    return true;
+}
+
 bool CTiledSnapshot::Matches(std::size_t iTile, const BYTE* pBytes) const
 {
-    const Tile& tile = *m_vTiles[iTile];
-    const Area area = AreaOf(iTile);
-    const Tile vOneRow(tile.size() == 1 ? area.nBytes : 0, tile.front());
-    for (std::size_t y = 0; y < area.nRows; ++y)
-    {
-        const BYTE* const pRow = pBytes + (area.iTop + y) * m_nRow + area.iLeft;
-        const BYTE* const pTile = vOneRow.empty() ? tile.data() + y * area.nBytes : vOneRow.data();
-        if (std::memcmp(pRow, pTile, area.nBytes) != 0)
-            return false;
-    }
-    return true;
+    return m_vTiles[iTile]->IsEqual(Copy(iTile, pBytes));
 }
 
 bool CTiledSnapshot::SameBytes(std::size_t iTile, const BYTE* pOne, const BYTE* pOther) const
@@ -137,24 +141,29 @@ bool CTiledSnapshot::SameBytes(std::size_t iTile, const BYTE* pOne, const BYTE* 
     return true;
 }
 
-std::shared_ptr<const CTiledSnapshot::Tile> CTiledSnapshot::Take(std::size_t iTile, const BYTE* pBytes) const
+CTile::Bytes CTiledSnapshot::Copy(std::size_t iTile, const BYTE* pBytes) const
 {
     const Area area = AreaOf(iTile);
-    Tile tile;
-    tile.reserve(area.nRows * area.nBytes);
+    CTile::Bytes bytes;
+    bytes.reserve(area.nRows * area.nBytes);
     for (std::size_t y = 0; y < area.nRows; ++y)
     {
         const BYTE* const pRow = pBytes + (area.iTop + y) * m_nRow + area.iLeft;
-        tile.insert(tile.end(), pRow, pRow + area.nBytes);
+        bytes.insert(bytes.end(), pRow, pRow + area.nBytes);
     }
-    const bool bOneValue = std::memcmp(tile.data(), tile.data() + 1, tile.size() - 1) == 0;
-    return std::make_shared<const Tile>(bOneValue ? Tile{tile.front()} : std::move(tile));
+    const bool bOneValue = std::memcmp(bytes.data(), bytes.data() + 1, bytes.size() - 1) == 0;
+    return bOneValue ? CTile::Bytes{bytes.front()} : bytes;
+}
+
+std::shared_ptr<const CTiledSnapshot::Tile> CTiledSnapshot::Take(std::size_t iTile, const BYTE* pBytes) const
+{
+    return std::make_shared<const Tile>(Copy(iTile, pBytes));
 }
 
 void CTiledSnapshot::Restore(std::span<BYTE> vBytes, const CTiledSnapshot& shown) const
 {
-    for (const KeptTile& tile : Beyond(shown))
-        WriteTile(tile.iTile, *tile.pTile, vBytes);
+    const std::vector<KeptTile> vTiles = Beyond(shown);
+    ForTiles(vTiles.size(), [&](std::size_t i) { Write(vTiles[i], vBytes); });
 }
 
 std::vector<CTiledSnapshot::KeptTile> CTiledSnapshot::Beyond(const CTiledSnapshot& other) const
@@ -169,32 +178,31 @@ std::vector<CTiledSnapshot::KeptTile> CTiledSnapshot::Beyond(const CTiledSnapsho
     return vTiles;
 }
 
-bool CTiledSnapshot::WriteTile(std::size_t iTile, std::span<const BYTE> vTile, std::span<BYTE> vBytes) const
+void CTiledSnapshot::Write(const KeptTile& kept, std::span<BYTE> vBytes) const
 {
-    if (iTile >= m_vTiles.size() || vBytes.size() != m_nRow * m_nRows)
-        return false;
-    const Area area = AreaOf(iTile);
-    if (vTile.size() != 1 && vTile.size() != area.nRows * area.nBytes)
-        return false;
+    const std::shared_ptr<const CTile::Bytes> pTile = kept.pTile->Get();
+    const Area area = AreaOf(kept.iTile);
     for (std::size_t y = 0; y < area.nRows; ++y)
     {
         BYTE* const pRow = vBytes.data() + (area.iTop + y) * m_nRow + area.iLeft;
-        if (vTile.size() == 1)
-            std::memset(pRow, vTile.front(), area.nBytes);
+        if (pTile->size() == 1)
+            std::memset(pRow, pTile->front(), area.nBytes);
         else
-            std::memcpy(pRow, vTile.data() + y * area.nBytes, area.nBytes);
+            std::memcpy(pRow, pTile->data() + y * area.nBytes, area.nBytes);
     }
-    return true;
 }
 
 void CTiledSnapshot::PickPixels(std::size_t iRow, std::span<const int> vColumns, const BYTE* pShown,
                                 BYTE* pPixels) const
 {
+    std::size_t iKnown = m_vTiles.size();
+    std::shared_ptr<const CTile::Bytes> pTile;
     for (const int iColumn : vColumns)
     {
         const std::size_t iByte = static_cast<std::size_t>(iColumn) * 4;
         const std::size_t iTile = iRow / TILE_ROWS * TilesAcross() + iByte / TILE_BYTES;
-        const Tile* const pTile = m_vTiles[iTile].get();
+        if (std::exchange(iKnown, iTile) != iTile)
+            pTile = m_vTiles[iTile] ? m_vTiles[iTile]->Get() : nullptr;
         if (!pTile)
             std::memcpy(pPixels, pShown + iByte, 4);
         else if (pTile->size() == 1)
@@ -205,15 +213,17 @@ void CTiledSnapshot::PickPixels(std::size_t iRow, std::span<const int> vColumns,
     }
 }
 
+bool CTiledSnapshot::IsWhole() const
+{
+    return !m_vTiles.empty() && std::ranges::none_of(m_vTiles, [](const auto& pTile) { return !pTile; });
+}
+
 bool CTiledSnapshot::IsSameAs(const CTiledSnapshot& other) const { return m_vTiles == other.m_vTiles; }
 
 std::size_t CTiledSnapshot::BytesBeyond(const CTiledSnapshot& earlier) const
 {
-    std::size_t nBytes = 0;
-    for (std::size_t i = 0; i < m_vTiles.size(); ++i)
-    {
-        const bool bShared = i < earlier.m_vTiles.size() && earlier.m_vTiles[i] == m_vTiles[i];
-        nBytes += bShared || !m_vTiles[i] ? 0 : m_vTiles[i]->size();
-    }
+    std::size_t nBytes = m_vTiles.size() * sizeof(m_vTiles.front());
+    for (const KeptTile& kept : Beyond(earlier))
+        nBytes += sizeof(CTile) + (kept.pTile->IsInMemory() ? kept.pTile->Size() : 0);
     return nBytes;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/Tile.h"
 #include "platform/framework.h"
 
 #include <memory>
@@ -9,10 +10,12 @@
 /// A picture's bytes as they were at a moment, in square tiles. Tiles that are the same in an earlier snapshot are
 /// shared with it, tiles of one value keep nothing but that, and tiles that nothing has changed yet need not be there
 /// at all: so a history costs what changed, not whole pictures. Rows of the picture follow each other without padding.
+/// Tiles that are in a file are read when they are needed: what needs their bytes throws CTile::Unreadable.
 class CTiledSnapshot
 {
 public:
     static constexpr int TILE_SIDE = 64; ///< In pixels of 4 bytes.
+    static constexpr std::size_t TILE_BYTES_AT_MOST = std::size_t{4} * TILE_SIDE * TILE_SIDE;
 
     CTiledSnapshot() = default;
 
@@ -31,7 +34,7 @@ public:
     bool HasSizeOf(const CTiledSnapshot& other) const { return m_nRow == other.m_nRow && m_nRows == other.m_nRows; }
 
     /// The bytes of a tile, row by row; a single one for all that are the same.
-    using Tile = std::vector<BYTE>;
+    using Tile = CTile;
 
     /// What to keep of a picture whose bytes change in an area.
     struct Change;
@@ -46,6 +49,9 @@ public:
     /// Takes tiles that it does not have itself.
     void Fill(const std::vector<KeptTile>& vTiles);
 
+    /// Takes a tile instead of the one that it has; FALSE when it is none of such a picture.
+    bool Put(const KeptTile& kept);
+
     /// Puts the bytes back that are others in the picture as it is shown; without that, all that there are.
     void Restore(std::span<BYTE> vBytes, const CTiledSnapshot& shown) const;
     void Restore(std::span<BYTE> vBytes) const { Restore(vBytes, CTiledSnapshot()); }
@@ -57,13 +63,13 @@ public:
     /// The tiles that it has and the other one has not, or has others of; all when that has another size.
     std::vector<KeptTile> Beyond(const CTiledSnapshot& other) const;
 
-    /// Writes a tile into a whole picture; FALSE when it is none of it.
-    bool WriteTile(std::size_t iTile, std::span<const BYTE> vTile, std::span<BYTE> vBytes) const;
+    /// Whether it has all tiles.
+    bool IsWhole() const;
 
     /// Whether both hold the same bytes because nothing changed between them.
     bool IsSameAs(const CTiledSnapshot& other) const;
 
-    /// Bytes that this one holds and the earlier one does not.
+    /// Bytes of memory that this one holds and the earlier one does not.
     std::size_t BytesBeyond(const CTiledSnapshot& earlier) const;
 
 private:
@@ -76,6 +82,8 @@ private:
     Area AreaOf(std::size_t iTile) const;
     std::vector<std::size_t> TilesIn(const Area& area) const;
     bool Matches(std::size_t iTile, const BYTE* pBytes) const;
+    void Write(const KeptTile& kept, std::span<BYTE> vBytes) const;
+    CTile::Bytes Copy(std::size_t iTile, const BYTE* pBytes) const;
     bool SameBytes(std::size_t iTile, const BYTE* pOne, const BYTE* pOther) const;
     std::shared_ptr<const Tile> Take(std::size_t iTile, const BYTE* pBytes) const;
 

@@ -1,5 +1,7 @@
 #include "program/CommandRunner.h"
 
+#include "document/Message.h"
+#include "document/Tile.h"
 #include "program/CommandTable.h"
 #include "program/ToolBox.h"
 #include "user/InputQueue.h"
@@ -62,11 +64,21 @@ bool CCommandRunner::Do(const CommandCall& call, const std::string& strText, std
 {
     // Written down before it is done: what it does shows up after it.
     winlite::TheJournal().OnCommand(strText);
-    const bool bDone =
-        EndMiddle(*call.pCommand) || std::get<Command::Do>(call.pCommand->action)(m_parts, call.vValues, strError);
+    const bool bDone = EndMiddle(*call.pCommand) || DoNow(call, strError);
     if (!bDone)
         winlite::TheJournal().OnCommand(REFUSED_COMMAND);
     return bDone;
+}
+
+bool CCommandRunner::DoNow(const CommandCall& call, std::string& strError)
+try
+{
+    return std::get<Command::Do>(call.pCommand->action)(m_parts, call.vValues, strError);
+}
+catch (const CTile::Unreadable& failure)
+{
+    strError = Message(failure.what());
+    return false;
 }
 
 bool CCommandRunner::EndMiddle(const Command& command)

@@ -27,6 +27,7 @@ private:
     bool MustWait(const Command& command);
     void ExecuteLater(const std::string& strText);
     bool Do(const CommandCall& call, const std::string& strText, std::string& strError);
+    bool DoNow(const CommandCall& call, std::string& strError);
     bool EndMiddle(const Command& command);
     bool StartJob(const CommandCall& call, const std::string& strText, std::string& strError);
 

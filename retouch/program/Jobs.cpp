@@ -1,6 +1,7 @@
 #include "program/Jobs.h"
 
 #include "document/Message.h"
+#include "document/Tile.h"
 
 #include <new>
 #include <system_error>
@@ -30,6 +31,10 @@ try
 catch (const std::bad_alloc&)
 {
     strError = NoMemory();
+}
+catch (const CTile::Unreadable& failure)
+{
+    strError = Message(failure.what());
 }
 
 bool CJobs::Running::End()

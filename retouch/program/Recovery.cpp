@@ -29,7 +29,7 @@ std::optional<CPhoto> OriginalOf(const SessionPhoto& photo, std::string& strErro
         return RenderSamplePicture();
     SessionPhoto now = {.strPath = photo.strPath};
     IdentifyFile(now);
-    if (photo.bWhole || (now.nBytes == photo.nBytes && now.uChecksum == photo.uChecksum))
+    if (now.nBytes == photo.nBytes && now.uChecksum == photo.uChecksum)
         return CPhoto::Load(photo.strPath, strError);
     strError =
         Message(QT_TRANSLATE_NOOP("Program", "%1: the photo has changed since, and the work on it cannot be done "
@@ -40,9 +40,10 @@ std::optional<CPhoto> OriginalOf(const SessionPhoto& photo, std::string& strErro
 
 bool Load(const LostSession& session, Recovered& recovered, std::string& strError)
 {
-    recovered.original = OriginalOf(session.photo, strError);
+    recovered.original =
+        session.photo.bWhole ? CPhoto::Load(session.strPath, strError) : OriginalOf(session.photo, strError);
     if (session.photo.bWhole)
-        strError.clear(); // It is not needed.
+        strError.clear(); // What was saved lately has what is said about the photo, but is not needed.
     else if (!recovered.original)
         return false;
     std::optional<CPhoto> base;
@@ -73,16 +74,9 @@ std::optional<Job> RecoverJob(ProgramParts& parts, const std::string& strFile, s
     job.work = [=](CProgress&, std::string& strFailed) { return Load(*session, *pRecovered, strFailed); };
     job.commit = [=, &parts]
     {
-        ShowPhoto(parts, std::move(*pRecovered->original), session->photo.strPath);
-        RecoveredWork& work = *pRecovered->work;
-        ShowShaped(parts,
-                   [&]
-                   {
-                       return parts.document.Commit(parts.document.ShapedTo(std::move(work.photo)),
-                                                    QT_TRANSLATE_NOOP("History", "Recovered Work"));
-                   });
-        if (!work.vMask.empty())
-            parts.selection.CompleteStep(work.vMask);
+        ShowPhoto(parts, std::move(*pRecovered->original), session->strPath);
+        ShowShaped(parts, [&] { return parts.document.Resume(*pRecovered->work); });
+        parts.selection.Restore(parts.document.History().Current());
         parts.presenter.Update();
     };
     return job;

@@ -3,6 +3,5 @@
 #include "program/Jobs.h"
 #include "program/ProgramParts.h"
 
-/// Brings the work of a session that came to an unexpected end back (SessionReader): the photo as it was opened, and as
-/// one step what had become of it. None, with a message, when the file is not there.
+/// Brings the work of a session that came to an unexpected end back, with all its steps (SessionReader). None, with a message, when the file is not there.
 std::optional<Job> RecoverJob(ProgramParts& parts, const std::string& strFile, std::string& strError);

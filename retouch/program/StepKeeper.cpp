@@ -4,39 +4,50 @@ std::string CStepKeeper::Follow()
 {
     if (!m_document.Photo())
         return {};
-    if (std::exchange(m_uPhotos, m_document.PhotoCount()) != m_document.PhotoCount())
+    const bool bOther = std::exchange(m_uPhotos, m_document.PhotoCount()) != m_document.PhotoCount();
+    if (bOther)
+        Begin();
+    const bool bSaved = std::exchange(m_uSaves, m_document.SaveCount()) != m_document.SaveCount();
+    if (bSaved)
     {
-        m_uSaves = m_document.SaveCount();
-        Begin(false);
-        m_uRevision = m_document.History().Revision();
-        if (m_document.IsUnsaved()) // It was recovered.
-            Append();
+        m_bWhole = true;
+        m_bWholeWritten = false;
     }
-    if (std::exchange(m_uSaves, m_document.SaveCount()) != m_document.SaveCount())
-        Begin(true);
-    if (std::exchange(m_uRevision, m_document.History().Revision()) != m_document.History().Revision())
-    {
-        if (m_document.IsUnsaved())
-            Append();
-        else if (m_bAnything)
-            Begin(m_bWhole); // It has been undone.
-    }
+    const unsigned uRevision = m_document.History().Revision();
+    const bool bChanged = std::exchange(m_uRevision, uRevision) != uRevision;
+    if (bSaved || (bOther ? m_document.RecoveredFrom().has_value() : bChanged))
+        Append();
     return m_journal.TakeFailure();
 }
 
-void CStepKeeper::Begin(bool bWhole)
+void CStepKeeper::Begin()
 {
-    m_bWhole = bWhole;
-    m_bAnything = false;
-    m_journal.Begin(m_document.Path(), bWhole);
+    m_uSaves = m_document.SaveCount();
+    m_bWhole = false;
+    const auto& recovery = m_document.RecoveredFrom();
+    if (recovery)
+        m_bWhole = recovery->bWhole;
+    const bool bGoesOn = recovery && recovery->pFile->IsWritable();
+    m_bWholeWritten = m_bWhole && bGoesOn;
+    if (bGoesOn)
+        m_journal.GoOn(recovery->pFile, m_document.History().LastId());
+    else
+        m_journal.Begin(m_document.OpenedPath());
 }
 
 void CStepKeeper::Append()
 {
-    m_bAnything = true;
-    const CHistory::State& state = m_document.History().Current();
-    CTiledSnapshot pixels = state.pixels;
-    if (m_journal.WantsWhole())
-        pixels.Fill(pixels.Missing(m_document.Photo()->Pixels()));
-    m_journal.Append(state.strName, pixels, state.mask, !state.vSelected.empty());
+    CTiledSnapshot opened = m_document.Opened();
+    std::vector<CTiledSnapshot::KeptTile> vOpened;
+    if (m_bWhole && m_document.IsUnsaved() && !std::exchange(m_bWholeWritten, true))
+    {
+        if (opened.HasSizeOf(m_document.History().Current().pixels))
+            opened.Fill(opened.Missing(m_document.Photo()->Pixels()));
+        vOpened = opened.Beyond({});
+    }
+    m_journal.Append(m_document.History(), {m_document.Path(), m_document.IsUnsaved(), m_bWhole}, opened,
+                     std::move(vOpened));
+    constexpr std::size_t MOST_WAITING = std::size_t{128} << 20;
+    if (m_journal.Waiting() > MOST_WAITING)
+        m_journal.Flush(); // Steps come faster than the file takes them: the memory must not pay for it.
 }

@@ -3,7 +3,8 @@
 #include "document/Document.h"
 #include "document/SessionJournal.h"
 
-/// Keeps the work on the document for a recovery: all that no file holds. User-interface thread.
+/// Keeps the steps of the work on the document in a file: for a history beyond the memory, and for a recovery.
+/// User-interface thread.
 class CStepKeeper
 {
 public:
@@ -17,7 +18,7 @@ public:
     void Flush() { m_journal.Flush(); }
 
 private:
-    void Begin(bool bWhole);
+    void Begin();
     void Append();
 
     CDocument& m_document;
@@ -25,6 +26,6 @@ private:
     unsigned m_uPhotos = 0;
     unsigned m_uSaves = 0;
     unsigned m_uRevision = 0;
-    bool m_bWhole = false;    ///< The photo's file has been written since it was opened.
-    bool m_bAnything = false; ///< There is something to recover.
+    bool m_bWhole = false;        ///< The photo's file has been written since it was opened.
+    bool m_bWholeWritten = false; ///< And all of the photo as it was opened is in the session's file.
 };

@@ -419,7 +419,7 @@ TEST(TiledSnapshotTest, SnapshotsShareWhatDidNotChange)
         vSnapshots.emplace_back(vBytes, 700, vSnapshots.back());
     }
     EXPECT_LT(vSnapshots[1].BytesBeyond(vSnapshots[0]), 70000U) << "one tile and eleven of one value";
-    EXPECT_EQ(vSnapshots[5].BytesBeyond(vSnapshots[4]), 65536U);
+    EXPECT_NEAR(static_cast<double>(vSnapshots[5].BytesBeyond(vSnapshots[4])), 65536, 2000);
     for (std::size_t i = 0; i < vStates.size(); ++i)
     {
         vSnapshots[i + 1].Restore(vBytes);
