@@ -158,7 +158,7 @@ void CMainWindow::OpenFirst(const QStringList& vPaths) { m_pFiles->OpenFirst(vPa
 void CMainWindow::KeepWork()
 {
     m_retoucher.KeepSteps(SessionFolder());
-    OfferRecovery(*this, m_retoucher, [this](const std::string& strCommand) { Execute(strCommand); });
+    OfferRecovery(*this, [this](const std::string& strCommand) { Execute(strCommand); });
 }
 
 void CMainWindow::closeEvent(QCloseEvent* pEvent)

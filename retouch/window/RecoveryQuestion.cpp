@@ -1,7 +1,6 @@
 #include "window/RecoveryQuestion.h"
 
 #include "document/SessionReader.h"
-#include "program/Retoucher.h"
 
 #include <cstdio>
 #include <memory>
@@ -20,24 +19,9 @@ QString Translated(const char* pszText) { return QCoreApplication::translate("Re
 struct Questions
 {
     QWidget& window;
-    CRetoucher& retoucher;
     ExecuteCommand execute;
     std::vector<LostSession> vSessions;
 };
-
-void Recover(const std::shared_ptr<Questions>& pQuestions, const std::string& strFile)
-{
-    const auto before = pQuestions->retoucher.Pixels();
-    pQuestions->execute("recover " + strFile);
-    pQuestions->retoucher.WhenIdle(
-        [=]
-        {
-            if (pQuestions->retoucher.Pixels() == before)
-                return; // It was not possible: what was kept stays.
-            pQuestions->retoucher.FlushSteps();
-            std::remove(strFile.c_str());
-        });
-}
 
 void AskNext(const std::shared_ptr<Questions>& pQuestions)
 {
@@ -45,9 +29,9 @@ void AskNext(const std::shared_ptr<Questions>& pQuestions)
         return;
     const LostSession session = pQuestions->vSessions.front();
     pQuestions->vSessions.erase(pQuestions->vSessions.begin());
-    const QString strPhoto = session.photo.strPath.empty()
+    const QString strPhoto = session.strPath.empty()
                                  ? Translated(QT_TRANSLATE_NOOP("Recovery", "the sample"))
-                                 : QFileInfo(QString::fromStdString(session.photo.strPath)).fileName();
+                                 : QFileInfo(QString::fromStdString(session.strPath)).fileName();
     auto* const pBox = new QMessageBox(
         QMessageBox::Question, Translated(QT_TRANSLATE_NOOP("Recovery", "Recover Work")),
         Translated(QT_TRANSLATE_NOOP("Recovery", "The program came to an unexpected end while %1 was being worked on."))
@@ -66,7 +50,7 @@ void AskNext(const std::shared_ptr<Questions>& pQuestions)
                      [=](QAbstractButton* pButton)
                      {
                          if (pButton == pRecover)
-                             return Recover(pQuestions, session.strFile); // The others wait for the next start.
+                             return pQuestions->execute("recover " + session.strFile); // The others wait.
                          if (pButton == pDiscard)
                              std::remove(session.strFile.c_str());
                          AskNext(pQuestions);
@@ -82,7 +66,7 @@ std::string SessionFolder()
     return (strState + "/retouch").toStdString();
 }
 
-void OfferRecovery(QWidget& window, CRetoucher& retoucher, const ExecuteCommand& execute)
+void OfferRecovery(QWidget& window, const ExecuteCommand& execute)
 {
-    AskNext(std::make_shared<Questions>(window, retoucher, execute, FindLostSessions(SessionFolder())));
+    AskNext(std::make_shared<Questions>(window, execute, FindLostSessions(SessionFolder())));
 }

@@ -65,6 +65,30 @@ protected:
         return strCopy;
     }
 
+    /// The program ends without a word. Returns the file that it leaves.
+    std::string Crash()
+    {
+        CopyOfSession();
+        Restart();
+        const std::string strLost = strSessions + "/lost.session";
+        fs::copy_file(strCopy, strLost, fs::copy_options::overwrite_existing);
+        return strLost;
+    }
+
+    /// Photo and selection of every state there is; in the end the current one is shown again.
+    std::vector<std::string> AllSeen()
+    {
+        const ProgramState state = retoucher->State();
+        std::vector<std::string> vSeen;
+        for (std::size_t i = 0; i < state.vSteps.size(); ++i)
+        {
+            Do("history " + std::to_string(i));
+            vSeen.push_back(state.vSteps[i].strName + "|" + Seen());
+        }
+        Do("history " + std::to_string(state.iStep));
+        return vSeen;
+    }
+
     /// Photo and selection.
     std::string Seen()
     {
@@ -107,19 +131,24 @@ TEST_F(RecoveryTest, WorkComesBackAsItWas)
         Do("open " + strPhoto);
         for (const std::string& strCommand : test.vCommands)
             Do(strCommand);
+        const std::vector<std::string> vSeen = AllSeen();
         const std::string strSeen = Seen();
-        const std::string strFile = CopyOfSession();
-        Restart();
-        Do("recover " + strFile);
-        EXPECT_TRUE(Seen() == strSeen) << test.pszName;
-        EXPECT_TRUE(retoucher->State().bUnsaved) << test.pszName;
-        EXPECT_EQ(fs::path(retoucher->State().strPath).filename(), test.pszSavesTo);
-        EXPECT_EQ(retoucher->State().strUndo, "Recovered Work");
-        // What was recovered is kept, too.
-        const std::string strAgain = CopyOfSession();
-        Restart();
-        Do("recover " + strAgain);
-        EXPECT_TRUE(Seen() == strSeen) << test.pszName << ", twice";
+        const int iStep = retoucher->State().iStep;
+        for (const char* pszTime : {"", ", twice"}) // What was recovered is kept, too.
+        {
+            Do("recover " + Crash());
+            EXPECT_TRUE(Seen() == strSeen) << test.pszName << pszTime;
+            EXPECT_TRUE(retoucher->State().bUnsaved) << test.pszName;
+            EXPECT_EQ(fs::path(retoucher->State().strPath).filename(), test.pszSavesTo);
+            EXPECT_EQ(retoucher->State().iStep, iStep);
+            EXPECT_TRUE(AllSeen() == vSeen) << test.pszName << pszTime;
+        }
+        // It goes on as if nothing had been.
+        Do("history 0");
+        Do("show-original");
+        Do("show-result");
+        Do("heal 20 20 9");
+        EXPECT_EQ(AllSeen().size(), 2U) << test.pszName;
     }
     EXPECT_EQ(strTold, "");
 }
@@ -168,9 +197,10 @@ TEST_F(RecoveryTest, FilesCutAtAnyByteOrDamagedGiveWholeStepsOrNothing)
             strBytes.resize(strBytes.size() * static_cast<std::size_t>(i + 1) / 150);
         else
             strBytes[random() % strBytes.size()] ^= static_cast<char>(1 << random() % 8);
-        Write(strCopy, strBytes);
+        const std::string strFile = strCopy + std::to_string(i); // The one before is the program's now.
+        Write(strFile, strBytes);
         std::string strError;
-        if (!retoucher->Execute("recover " + strCopy, strError))
+        if (!retoucher->Execute("recover " + strFile, strError))
         {
             EXPECT_NE(strError, "");
             ++nRefused;
@@ -184,6 +214,32 @@ TEST_F(RecoveryTest, FilesCutAtAnyByteOrDamagedGiveWholeStepsOrNothing)
     }
     EXPECT_EQ(nSteps, vStates.size());
     EXPECT_GT(nRefused, 5U);
+}
+
+TEST_F(RecoveryTest, StepsAreInTheFileAndNotInTheMemory)
+{
+    Do("open " + strPhoto);
+    std::vector<std::string> vSeen = {Seen()};
+    for (const char* pszCommand : {"heal 40 40 9", "auto-contrast", "select-all", "brightness-contrast 9 9"})
+    {
+        Do(pszCommand);
+        vSeen.push_back(Seen());
+    }
+    retoucher->FlushSteps();
+    for (const int i : {0, 4, 2, 3, 1, 4})
+    {
+        Do("history " + std::to_string(i));
+        EXPECT_TRUE(Seen() == vSeen[static_cast<std::size_t>(i)]) << i;
+    }
+    // Somebody takes it away: what can be done is done, and the rest is said.
+    for (const auto& entry : fs::directory_iterator(strSessions))
+        fs::resize_file(entry.path(), 100);
+    std::string strError;
+    EXPECT_FALSE(retoucher->Execute("history 2", strError));
+    EXPECT_NE(strError.find("cannot be read"), std::string::npos) << strError;
+    EXPECT_EQ(retoucher->State().iStep, 4);
+    Do("history 0");
+    EXPECT_TRUE(Seen() == vSeen[0]) << "the photo as it was opened stays in the memory";
 }
 
 TEST_F(RecoveryTest, WhatCannotBeRecoveredSaysSo)
@@ -202,7 +258,7 @@ TEST_F(RecoveryTest, WhatCannotBeRecoveredSaysSo)
     EXPECT_NE(refusal(strFile).find("changed since"), std::string::npos);
     EXPECT_TRUE(fs::exists(strFile));
     // Files of other versions, and without a step, go; those with work are found, the last one first.
-    Write(strSessions + "/1-0.session", "retouch session 0\nsomething");
+    Write(strSessions + "/1-0.session", "retouch session 1\nsomething");
     Write(strSessions + "/1-1.session", "");
     fs::copy_file(strFile, strSessions + "/1-2.session");
     const std::vector<LostSession> vFound = FindLostSessions(strSessions);
