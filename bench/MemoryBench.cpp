@@ -63,27 +63,35 @@ void WriteLargeJpeg(const std::string& strPath, int iOrientation)
     std::ofstream(strPath, std::ios::binary).write(bytes.constData(), bytes.size());
 }
 
-/// The most memory that the program had while it opened and painted the photo, in bytes.
-double PeakOfOpening(const std::string& strJournal, const std::string& strPhoto)
+/// The most memory that a program of the build had, in bytes; its output is not shown.
+double PeakOf(const std::string& strName, std::vector<std::string> vArguments)
 {
     const std::string strProgram =
-        std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / "retouch/retouch";
-    std::ofstream(strJournal) << "winlite journal 1\nscreen 1920 1080 scale 1\n0 place 1 0 0 1600 900\n0 show 1 5\n"
-                                 "0 command open-sample\n1 command fit\n";
-    std::string vArguments[] = {strProgram, "--replay", strJournal, strPhoto};
-    char* const vPointers[] = {vArguments[0].data(), vArguments[1].data(), vArguments[2].data(), vArguments[3].data(),
-                               nullptr};
+        std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path() / strName;
+    vArguments.insert(vArguments.begin(), strProgram);
+    std::vector<char*> vPointers;
+    for (std::string& strArgument : vArguments)
+        vPointers.push_back(strArgument.data());
+    vPointers.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
     pid_t pid = 0;
-    const int iError = posix_spawn(&pid, strProgram.c_str(), &actions, nullptr, vPointers, environ);
+    const int iError = posix_spawn(&pid, strProgram.c_str(), &actions, nullptr, vPointers.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     int iStatus = -1;
     rusage usage = {};
     if (iError != 0 || wait4(pid, &iStatus, 0, &usage) != pid || iStatus != 0)
-        throw std::runtime_error(strProgram + " did not open " + strPhoto);
+        throw std::runtime_error(strProgram + " failed");
     return static_cast<double>(usage.ru_maxrss) * 1024;
+}
+
+/// While it opened and painted the photo.
+double PeakOfOpening(const std::string& strJournal, const std::string& strPhoto)
+{
+    std::ofstream(strJournal) << "winlite journal 1\nscreen 1920 1080 scale 1\n0 place 1 0 0 1600 900\n0 show 1 5\n"
+                                 "0 command open-sample\n1 command fit\n";
+    return PeakOf("retouch/retouch", {"--replay", strJournal, strPhoto});
 }
 
 Figure PeakOfRetouch(int iOrientation)
@@ -104,4 +112,6 @@ void AddMemoryFigures(CSuite& suite)
     for (const int iOrientation : {1, 6})
         suite.AddFigure("Memory/Open/100MP/orientation:" + std::to_string(iOrientation),
                         [=] { return PeakOfRetouch(iOrientation); });
+    suite.AddFigure("Memory/Session/24MP",
+                    [] { return Figure{PeakOf("bench/session-memory", {}) / (1 << 20), "a megabyte", 512}; });
 }

@@ -9,6 +9,7 @@
 
 #include <cstring>
 #include <filesystem>
+#include <optional>
 #include <QColorSpace>
 #include <QImage>
 #include <stdexcept>
@@ -106,6 +107,22 @@ Figure UndoOfTheWhole()
             "memcpy of the photo", 4};
 }
 
+/// A step of all of the photo that is in the session's file and not in the memory.
+Figure UndoOutOfTheFile()
+{
+    const auto folder = std::filesystem::temp_directory_path() / ("bench" + std::to_string(getpid()));
+    std::optional<Program> program(std::in_place);
+    program->retoucher.KeepSteps(folder);
+    program->Do("auto-contrast");
+    program->Do("brightness-contrast 9 9");
+    program->retoucher.FlushSteps();
+    const double dMs = MedianOf(
+        7, [&] { program->Do("redo"); }, [&] { program->Do("undo"); });
+    program.reset();
+    std::filesystem::remove_all(folder);
+    return {dMs, "a millisecond", 150};
+}
+
 /// A spot in the middle of the photo, as a step. A corner runs into it, which takes longest.
 Figure Healing(int iSize, double dMost)
 {
@@ -165,6 +182,7 @@ void AddRetouchFigures(CSuite& suite)
     suite.AddFigure("Retouch/BrightnessPreview/24MP", &BrightnessPreview);
     suite.AddFigure("Retouch/AutoContrast/24MP", &AutoContrast);
     suite.AddFigure("Retouch/Undo/24MP", &UndoOfTheWhole);
+    suite.AddFigure("Retouch/UndoOutOfTheFile/24MP", &UndoOutOfTheFile);
     suite.AddFigure("Retouch/Heal/50/24MP", [] { return Healing(50, 50); });
     suite.AddFigure("Retouch/Heal/500/24MP", [] { return Healing(500, 1000); });
     suite.AddFigure("Retouch/ScreenColours/1920x1080", &ScreenColours);

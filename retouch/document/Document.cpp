@@ -37,6 +37,7 @@ CPhoto CDocument::Resume(RecoveredWork& work)
 
 CDocument::Pixels CDocument::PixelsAfter(CLargeBuffer changed)
 {
+    m_MakeRoom();
     Pixels pixels;
     const CTiledSnapshot& now = m_history.Current().pixels;
     pixels.change = now.Changed(m_photo->Pixels(), changed.Bytes().data(), now.Whole());
@@ -98,6 +99,7 @@ bool CDocument::CommitArea(const BYTE* pPixels, const CRect& rc, const std::stri
 
 CDocument::Shaped CDocument::ShapedTo(CPhoto photo)
 {
+    m_MakeRoom();
     photo.SetOrigin(m_photo->Origin());
     Shaped shaped = {std::move(photo), {}, {}};
     shaped.now = CTiledSnapshot({shaped.photo.Pixels(), shaped.photo.ByteCount()}, shaped.photo.RowBytes(), {});

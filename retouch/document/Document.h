@@ -4,7 +4,9 @@
 #include "document/Photo.h"
 #include "document/SessionReader.h"
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 /// A photo, its pixels as they were opened, and what it and its selection were after each step. User-interface thread,
 /// but for PixelsAfter.
@@ -59,6 +61,9 @@ public:
     };
     const std::optional<Recovery>& RecoveredFrom() const { return m_recovery; }
 
+    /// Is called, on any thread, before the history takes as much memory as a whole photo.
+    void SetMakeRoom(std::function<void()> makeRoom) { m_MakeRoom = std::move(makeRoom); }
+
     /// New pixels of the photo with what the history keeps of them.
     struct Pixels
     {
@@ -112,5 +117,6 @@ private:
     CTiledSnapshot m_original; ///< As far as anything has changed it.
     bool m_bChanged = false;
     std::optional<Recovery> m_recovery;
+    std::function<void()> m_MakeRoom = [] {};
     CHistory m_history;
 };

@@ -1,5 +1,22 @@
 #include "program/StepKeeper.h"
 
+CStepKeeper::CStepKeeper(CDocument& document, const std::string& strFolder) : m_document(document), m_journal(strFolder)
+{
+    // When steps come faster than the file takes them, the memory must not pay for it.
+    constexpr std::size_t MOST_WAITING = std::size_t{32} << 20;
+    m_document.SetMakeRoom(
+        [this]
+        {
+            if (m_journal.Waiting() > MOST_WAITING)
+                m_journal.Flush();
+        });
+}
+
+CStepKeeper::~CStepKeeper()
+{
+    m_document.SetMakeRoom([] {});
+}
+
 std::string CStepKeeper::Follow()
 {
     if (!m_document.Photo())
@@ -47,7 +64,4 @@ void CStepKeeper::Append()
     }
     m_journal.Append(m_document.History(), {m_document.Path(), m_document.IsUnsaved(), m_bWhole}, opened,
                      std::move(vOpened));
-    constexpr std::size_t MOST_WAITING = std::size_t{128} << 20;
-    if (m_journal.Waiting() > MOST_WAITING)
-        m_journal.Flush(); // Steps come faster than the file takes them: the memory must not pay for it.
 }

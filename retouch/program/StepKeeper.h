@@ -9,7 +9,10 @@ class CStepKeeper
 {
 public:
     /// In a folder of the user's own; the document must outlive it.
-    CStepKeeper(CDocument& document, const std::string& strFolder) : m_document(document), m_journal(strFolder) {}
+    CStepKeeper(CDocument& document, const std::string& strFolder);
+    ~CStepKeeper();
+    CStepKeeper(const CStepKeeper&) = delete;
+    CStepKeeper& operator=(const CStepKeeper&) = delete;
 
     /// Something may have changed. Returns a message once when nothing can be kept from here on.
     std::string Follow();
