@@ -3,6 +3,7 @@
 #include "pixels/PatchFill.h"
 
 #include <cstdlib>
+#include <utility>
 
 namespace
 {
@@ -59,17 +60,12 @@ bool HealSpot(PixelView picture, PixelView healed, MaskView weights, const Spot&
     if (progress.IsCancelled())
         return false;
     CSpotBlend blend(picture, spot, SourceAt(picture, offset));
-    std::optional<CPatchField> field;
     if (!offset || IsPoor(blend, picture, spot))
-        field = FillSpot(picture, spot, progress);
-    if (progress.IsCancelled())
-        return false;
-    if (field)
     {
-        const PixelRect window = PatchWindow(picture, spot);
-        const auto said = [&patches = *field, window](int x, int y)
-        { return patches.Said(x - window.left, y - window.top); };
-        blend = CSpotBlend(picture, spot, said);
+        if (std::optional<SpotSource> pieces = FillSpot(picture, spot, progress))
+            blend = CSpotBlend(picture, spot, std::move(*pieces));
+        if (progress.IsCancelled())
+            return false;
     }
     blend.Apply(healed, weights);
     return true;

@@ -10,6 +10,7 @@ struct PixelOffset
 {
     int x = 0;
     int y = 0;
+    friend bool operator==(const PixelOffset&, const PixelOffset&) = default;
 };
 
 /// Finds the place from which a spot of the picture can be healed: its own pixels beside the spot, and its ring most

@@ -28,11 +28,7 @@ CPatchField::CPatchField(const PixelView& picture, std::vector<std::uint8_t> vHo
     : m_cx(picture.cx), m_cy(picture.cy), m_vPixels(vHole.size() * 4), m_vHole(std::move(vHole))
 {
     for (int y = 0; y < m_cy; ++y)
-    {
         std::memcpy(m_vPixels.data() + Index(0, y) * 4, picture.Row(y), static_cast<std::size_t>(m_cx) * 4);
-        for (int x = 0; x < m_cx; ++x)
-            m_vPixels[Index(x, y) * 4 + 3] = 0;
-    }
     FindSources();
     FindTargets();
     FindCertainty();
@@ -290,16 +286,16 @@ void CPatchField::Vote()
         {
             if (!m_vHole[Index(x, y)])
                 continue;
-            const std::array<float, 3> said = Said(x, y);
+            const std::array<float, 4> said = Said(x, y);
             for (std::size_t i = 0; i < said.size(); ++i)
                 m_vPixels[Index(x, y) * 4 + i] = static_cast<std::uint8_t>(std::lround(said[i]));
         }
     }
 }
 
-std::array<float, 3> CPatchField::Said(int x, int y) const
+std::array<float, 4> CPatchField::Said(int x, int y) const
 {
-    std::array<float, 3> aSum = {};
+    std::array<float, 4> aSum = {};
     float fAll = 0;
     for (int yMiddle = std::max(y - REACH, m_targets.top); yMiddle <= std::min(y + REACH, m_targets.bottom - 1);
          ++yMiddle)

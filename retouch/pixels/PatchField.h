@@ -14,7 +14,8 @@ class CPatchField
 public:
     static constexpr int REACH = 3; ///< A patch has so many pixels around its middle.
 
-    /// The picture, whose hole may hold anything, and which pixels the hole has, row by row.
+    /// The picture, whose hole may hold anything, and which pixels the hole has, row by row. All four bytes of a pixel
+    /// count when patches are compared.
     CPatchField(const PixelView& picture, std::vector<std::uint8_t> vHole);
 
     /// Half the size: what is known of four pixels, and a hole where nothing is.
@@ -34,9 +35,20 @@ public:
     /// Fills the hole with the mean of what all patches say, by how alike they are and how close to what is known.
     void Vote();
 
-    /// What the patches say about a pixel of the hole, or one around it no further than a patch reaches, as of the last
-    /// vote: blue, green, red.
-    std::array<float, 3> Said(int x, int y) const;
+    const PixelRect& Hole() const { return m_hole; } ///< All of it lies in this rectangle.
+    bool IsHole(int x, int y) const { return IsInside(x, y) && m_vHole[Index(x, y)]; }
+    bool IsKnown(int x, int y) const { return IsInside(x, y) && !m_vHole[Index(x, y)]; }
+
+    /// The four bytes of a pixel; in the hole, as of the last vote.
+    const std::uint8_t* At(int x, int y) const { return m_vPixels.data() + Index(x, y) * 4; }
+
+    /// From a pixel of the hole to that of the patch most alike, or of the next patch where there is none about it.
+    PixelOffset Best(int x, int y) const
+    {
+        return MatchAt(std::clamp(x, m_targets.left, m_targets.right - 1),
+                       std::clamp(y, m_targets.top, m_targets.bottom - 1))
+            .offset;
+    }
 
 private:
     struct Match
@@ -49,7 +61,8 @@ private:
     {
         return static_cast<std::size_t>(y) * static_cast<std::size_t>(m_cx) + static_cast<std::size_t>(x);
     }
-    bool IsSource(int x, int y) const { return x >= 0 && y >= 0 && x < m_cx && y < m_cy && m_vIsSource[Index(x, y)]; }
+    bool IsInside(int x, int y) const { return x >= 0 && y >= 0 && x < m_cx && y < m_cy; }
+    bool IsSource(int x, int y) const { return IsInside(x, y) && m_vIsSource[Index(x, y)]; }
     std::size_t MatchIndex(int x, int y) const
     {
         return static_cast<std::size_t>(y - m_targets.top) * static_cast<std::size_t>(m_targets.Width()) +
@@ -57,12 +70,12 @@ private:
     }
     Match& MatchAt(int x, int y) { return m_vMatches[MatchIndex(x, y)]; }
     const Match& MatchAt(int x, int y) const { return m_vMatches[MatchIndex(x, y)]; }
-    const std::uint8_t* At(int x, int y) const { return m_vPixels.data() + Index(x, y) * 4; }
     void FindSources();
     void FindTargets();
     void FindCertainty();
     void Spread();
     void Weigh();
+    std::array<float, 4> Said(int x, int y) const;
     int Difference(int x, int y, const PixelOffset& offset, int iMost) const;
     void Try(int x, int y, const PixelOffset& offset);
     void Improve(int x, int y, int iStep, int nRandom);
@@ -70,7 +83,7 @@ private:
 
     int m_cx = 0;
     int m_cy = 0;
-    std::vector<std::uint8_t> m_vPixels; ///< Row by row; the fourth byte of each is 0.
+    std::vector<std::uint8_t> m_vPixels; ///< Row by row.
     std::vector<std::uint8_t> m_vHole;
     std::vector<std::uint8_t> m_vIsSource; ///< All of the patch about it is known.
     std::vector<PixelRun> m_vSources;

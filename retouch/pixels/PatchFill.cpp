@@ -1,6 +1,10 @@
 #include "pixels/PatchFill.h"
 
+#include "pixels/PatchSeams.h"
+#include "pixels/Roughness.h"
+
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace
@@ -19,8 +23,9 @@ std::vector<CPatchField> LevelsOf(const PixelView& picture, const Spot& spot, co
         std::fill(vHole.begin() + nRow + run.left - window.left, vHole.begin() + nRow + run.right - window.left,
                   std::uint8_t{1});
     }
+    std::vector<std::uint8_t> vPixels = WithRoughness(view, vHole, CPatchField::REACH);
     std::vector<CPatchField> vLevels;
-    vLevels.emplace_back(view, std::move(vHole));
+    vLevels.emplace_back(PixelView{vPixels.data(), view.cx, view.cy, std::ptrdiff_t{view.cx} * 4}, std::move(vHole));
     for (int iSize = spot.iSize; iSize > SMALL; iSize /= 2)
         vLevels.push_back(vLevels.back().Halved());
     while (vLevels.size() > 1 && !vLevels.back().HasSources())
@@ -44,15 +49,11 @@ Effort EffortFor(int iSize, bool bFirst)
 
 } // namespace
 
-PixelRect PatchWindow(const PixelView& picture, const Spot& spot)
+std::optional<SpotSource> FillSpot(const PixelView& picture, const Spot& spot, CProgress& progress)
 {
     constexpr int LEAST_AWAY = 16;
-    return spot.Grown(spot.iSize + LEAST_AWAY).Box().Within(picture);
-}
-
-std::optional<CPatchField> FillSpot(const PixelView& picture, const Spot& spot, CProgress& progress)
-{
-    std::vector<CPatchField> vLevels = LevelsOf(picture, spot, PatchWindow(picture, spot));
+    const PixelRect window = spot.Grown(spot.iSize + LEAST_AWAY).Box().Within(picture);
+    std::vector<CPatchField> vLevels = LevelsOf(picture, spot, window);
     if (!vLevels.back().HasSources())
         return std::nullopt;
     for (std::size_t i = vLevels.size(); i-- > 0;)
@@ -71,5 +72,6 @@ std::optional<CPatchField> FillSpot(const PixelView& picture, const Spot& spot, 
                 return std::nullopt;
         }
     }
-    return std::move(vLevels.front());
+    const auto seams = std::make_shared<const CPatchSeams>(std::move(vLevels.front()));
+    return [seams, window](int x, int y) { return seams->ColourAt(x - window.left, y - window.top); };
 }

@@ -219,6 +219,49 @@ TEST(HealTest, EdgesGoOnThroughASpot)
     }
 }
 
+/// A bend that no other place of the picture has.
+int CurveAt(int y) { return 90 + (y - 80) * (y - 80) / 60; }
+
+/// The mean step from a pixel to the next of a spot's pixels on one side of an edge.
+double RoughnessOf(const Picture& picture, const Spot& spot, int iSide)
+{
+    double dSum = 0;
+    double dCount = 0;
+    for (const PixelRun& run : spot.RunsWithin({0, 0, picture.cx, picture.cy}))
+    {
+        const int iEdge = CurveAt(run.y);
+        const int left = iSide < 0 ? run.left : std::max(run.left, iEdge + 6);
+        const int right = iSide < 0 ? std::min(run.right, iEdge - 6) : run.right;
+        for (int x = left; x < right; ++x, ++dCount)
+        {
+            const std::uint8_t* const pPixel = picture.bytes.data() + (run.y * picture.cx + x) * 4;
+            dSum += std::abs(pPixel[1] - pPixel[5]);
+        }
+    }
+    return dSum / dCount;
+}
+
+TEST(HealTest, GrainGoesOnThroughASpotOnItsSideOfAnEdge)
+{
+    std::mt19937 random(9);
+    Picture original = Slope(200, 160, 0);
+    for (int y = 0; y < original.cy; ++y)
+    {
+        for (int i = 0; i < 4 * CurveAt(y); ++i)
+            original.View().Row(y)[i] = static_cast<std::uint8_t>(original.View().Row(y)[i] / 4 + random() % 30);
+    }
+    for (const int iSize : {30, 35, 48})
+    {
+        const Spot spot = {94, 80, iSize};
+        Picture healed = original;
+        Blot(healed, spot);
+        CProgress progress;
+        ASSERT_TRUE(HealSpot(healed.View(), healed.View(), {}, spot, progress));
+        EXPECT_GT(RoughnessOf(healed, spot, -1), 0.9 * RoughnessOf(original, spot, -1)) << iSize;
+        EXPECT_LT(RoughnessOf(healed, spot, 1), 3) << iSize;
+    }
+}
+
 TEST(HealTest, WeightsLimitItAndCancellingLeavesThePicture)
 {
     Picture blotted = Slope(200, 120, 5);
