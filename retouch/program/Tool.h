@@ -83,6 +83,13 @@ struct TourStop
     const char* pszScript;
 };
 
+/// What a modifier key does while it is held.
+struct HeldHint
+{
+    UINT uKey; ///< VK_SHIFT, VK_CONTROL or VK_MENU.
+    const char* pszText;
+};
+
 /// A tool of the palette.
 struct Tool
 {
@@ -92,6 +99,7 @@ struct Tool
     const char* pszHint;
     Icon icon;
     std::span<const UINT> vKeys = {}; ///< Virtual codes of keys that go to the tool before the program's shortcuts.
+    std::span<const HeldHint> vHeldHints = {};
     std::span<const ToolOption* const> vOptions = {};
     std::span<const StepName> vSteps = {}; ///< The notifications that make a step of the selection.
     const char* pszSettings = nullptr;     ///< The name that its settings are kept under; several tools may share it.

@@ -8,6 +8,7 @@
 
 class CChoiceGroup;
 class CHeldInput;
+class CHintLabel;
 class CPhotoFiles;
 class COptionsBar;
 class CPixtaneWidget;
@@ -17,7 +18,6 @@ class CNavigatorDock;
 class CStraightenBar;
 class CTransformBar;
 class CWorkBar;
-class QLabel;
 class QMenu;
 
 /// The program's window: a photo in a view, with menus, tools and their options, keys, recent files and a status bar.
@@ -122,5 +122,5 @@ private:
     CTransformBar* m_pTransform = nullptr; ///< In the options' place while the selection is being transformed.
     QAction* m_pCancel = nullptr;          ///< Stops the work in the background.
     CWorkBar* m_pWork = nullptr;
-    QLabel* m_pHintLabel = nullptr;
+    CHintLabel* m_pHint = nullptr;
 };

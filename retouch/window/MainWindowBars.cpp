@@ -2,6 +2,7 @@
 #include "qt/PixtaneWidget.h"
 #include "window/BrightnessDialog.h"
 #include "window/HelpPages.h"
+#include "window/HintLabel.h"
 #include "window/HistoryDock.h"
 #include "window/Label.h"
 #include "window/MainWindow.h"
@@ -17,7 +18,6 @@
 #include <QColor>
 #include <QCoreApplication>
 #include <QInputDialog>
-#include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
 
@@ -191,10 +191,8 @@ void CMainWindow::MakeSessionBars()
 void CMainWindow::MakeStatusBar()
 {
     m_pTexts = new CStatusTexts(this, TEXT_COUNT);
-    m_pHintLabel = new QLabel(this);
-    // It gives way to the numbers, and does not keep the window wide.
-    m_pHintLabel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    statusBar()->addWidget(m_pHintLabel, 1);
+    m_pHint = new CHintLabel(this);
+    statusBar()->addWidget(m_pHint, 1);
     m_pWork = new CWorkBar(this, [this] { return m_retoucher.State(); });
     statusBar()->addPermanentWidget(m_pWork);
     statusBar()->addPermanentWidget(m_pTexts);
@@ -231,8 +229,7 @@ void CMainWindow::Refresh()
     m_pTint->setChecked(state.bTinted);
     m_pTools->Show(state.strTool);
     m_pOptions->Show(state);
-    m_pHintLabel->setText(QCoreApplication::translate("Tool", state.strHint.c_str()));
-    m_pHintLabel->setToolTip(m_pHintLabel->text());
+    m_pHint->Show(*FindTool(state.strTool), QCoreApplication::translate("Tool", state.strHint.c_str()));
     m_pTransform->SetUsable(state.frame.has_value());
     if (state.frame)
         m_pTransform->Show(*state.frame, state.szPhoto);

@@ -1,6 +1,7 @@
 #include "qt/PixtaneQt.h"
 #include "qt/PixtaneWidget.h"
 #include "user/Window.h"
+#include "window/HintLabel.h"
 #include "window/MainWindow.h"
 #include "window/RecentFiles.h"
 
@@ -22,6 +23,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
+#include <tuple>
 
 namespace
 {
@@ -227,6 +229,26 @@ TEST_F(RealWindowTest, TheCursorFollowsKeysWhileThePointerStands)
         const QCursor before = Widget().focusProxy()->cursor();
         Xdo(vKeys);
         EXPECT_TRUE(WaitFor([&] { return Widget().focusProxy()->cursor() != before; })) << vKeys[1].toStdString();
+    }
+}
+
+TEST_F(RealWindowTest, TheStatusLineSaysWhatHeldKeysWouldDo)
+{
+    const auto* const pHint = window.statusBar()->findChild<CHintLabel*>();
+    const std::tuple<const char*, const char*, QString> CASES[] = {
+        {"m", "shift", "Shift: equal sides, Shift+wheel: sideways"},
+        {"c", "alt", "Alt: the next click sets where to copy from"},
+        {"h", "ctrl", "Ctrl+wheel: zoom"}};
+    for (const auto& [pszTool, pszHeld, strHeld] : CASES)
+    {
+        const QString strBefore = pHint->text();
+        Xdo({"key", pszTool});
+        ASSERT_TRUE(WaitFor([&] { return pHint->text() != strBefore; })) << pszTool;
+        const QString strTool = pHint->text();
+        Xdo({"keydown", pszHeld});
+        EXPECT_TRUE(WaitFor([&, strWanted = strHeld] { return pHint->text() == strWanted; })) << pszHeld;
+        Xdo({"keyup", pszHeld});
+        EXPECT_TRUE(WaitFor([&] { return pHint->text() == strTool; })) << pszHeld;
     }
 }
 
